@@ -1,0 +1,33 @@
+# What `cmake --install` puts where: the tool, the libraries, their headers, the manual page, and
+# what CMake and pkg-config need to find them.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS Vorquell RUNTIME)
+install(TARGETS ORV_CompareFeatures ORV_CompareFeatures_static Brindle
+        EXPORT VorquellTargets
+        LIBRARY ARCHIVE
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+foreach(header ${BRINDLE_HEADERS} ${COMPARISON_HEADERS})
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+endforeach()
+install(FILES docs/Vorquell.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Vorquell)
+configure_package_config_file(cmake/VorquellConfig.cmake.in VorquellConfig.cmake
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(VorquellConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(EXPORT VorquellTargets NAMESPACE Vorquell:: DESTINATION ${package_dir})
+install(FILES ${PROJECT_BINARY_DIR}/VorquellConfig.cmake
+              ${PROJECT_BINARY_DIR}/VorquellConfigVersion.cmake
+        DESTINATION ${package_dir})
+
+# pkg-config files find their prefix from where they stand, so an installed tree can be moved.
+file(RELATIVE_PATH PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" PC_PREFIX ${PC_PREFIX})
+foreach(library ORV_CompareFeatures Brindle)
+  configure_file(cmake/${library}.pc.in ${library}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${library}.pc
+          DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

@@ -1,0 +1,4 @@
+// File-system tools: every room of XFileTool/.
+#pragma once
+
+#include "Brindle/XFileTool/loading.h"  // IWYU pragma: export

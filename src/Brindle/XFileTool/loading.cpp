@@ -1,0 +1,48 @@
+#include "Brindle/XFileTool/loading.h"
+
+#include <sys/mman.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+// Page faults cost more than reading a cached file; from this size on, huge pages pay.
+constexpr std::uint64_t kHugePageSize = std::uint64_t{2} << 20;
+// No address space holds more; what asks for it has no size (its `ftell` failed or has no end).
+constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 47;
+
+/// Returns a block that `free` releases, or null.
+void* allocateBlock(std::uint64_t length) {
+  if (length > kLargestBlock) return nullptr;
+  if (length < kHugePageSize) return std::malloc(length);
+  void* block = nullptr;
+  if (posix_memalign(&block, kHugePageSize, length) != 0) return nullptr;
+  madvise(block, length, MADV_HUGEPAGE);  // only advice: the block is as good without
+  return block;
+}
+
+}  // namespace
+
+void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& length) {
+  const FileHandle file(std::fopen(path, "rb"));
+  if (!file) {
+    length = 0;
+    return;
+  }
+  std::fseek(file.get(), 0, SEEK_END);
+  length = static_cast<std::uint64_t>(std::ftell(file.get()));
+  buffer = static_cast<unsigned char*>(allocateBlock(length));
+  if (buffer == nullptr) return;
+
+  std::rewind(file.get());
+  const std::size_t delivered = std::fread(buffer, 1, length, file.get());
+  std::memset(buffer + delivered, 0, length - delivered);
+}

@@ -1,0 +1,92 @@
+#include "Brindle/XFileTool/loading.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "support/ScratchDir.h"
+
+namespace {
+
+struct Loaded {
+  explicit Loaded(const std::string& path) { xLoadBinFile(path.c_str(), buffer, length); }
+  ~Loaded() { std::free(buffer); }
+  std::string bytes() const { return {reinterpret_cast<const char*>(buffer), length}; }
+
+  unsigned char* buffer = nullptr;
+  std::uint64_t length = 99;
+};
+
+TEST(Loading, KeepsEveryByte) {
+  const ScratchDir dir;
+  for (const std::size_t size : {1UL, 4095UL, 4096UL, (2UL << 20) - 1, 2UL << 20, 5'000'001UL}) {
+    const std::string bytes = randomBytes(size, 3);
+    EXPECT_TRUE(Loaded(dir.write("file", bytes)).bytes() == bytes) << size;
+  }
+  EXPECT_EQ(Loaded(dir.write("zeros", std::string(3, '\0'))).bytes(), std::string(3, '\0'));
+}
+
+TEST(Loading, OfAMissingFileLeavesTheBuffer) {
+  unsigned char byte = 0;
+  unsigned char* buffer = &byte;
+  std::uint64_t length = 99;
+  xLoadBinFile("/nonexistent/file", buffer, length);
+  EXPECT_EQ(buffer, &byte);
+  EXPECT_EQ(length, 0U);
+}
+
+TEST(Loading, OfAnEmptyFileGivesLengthZero) {
+  const ScratchDir dir;
+  EXPECT_EQ(Loaded(dir.write("empty", "")).length, 0U);
+}
+
+TEST(Loading, OfWhatHasNoSizeGivesNoBytes) {
+  const ScratchDir dir;
+  const std::string pipe = dir / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::FILE* bothEnds = std::fopen(pipe.c_str(), "r+");  // opening it for reading need not wait
+  ASSERT_NE(bothEnds, nullptr);
+  const Loaded fromPipe(pipe);
+  EXPECT_EQ(fromPipe.buffer, nullptr);
+  EXPECT_NE(fromPipe.length, 0U);
+  std::fclose(bothEnds);
+
+  const Loaded fromFolder(dir.path());
+  EXPECT_TRUE(fromFolder.buffer == nullptr || fromFolder.length == 0);
+}
+
+TEST(Loading, FillsWhatCannotBeReadWithZeros) {
+  // The kernel gives sysfs files a size of one page, whatever they hold.
+  const std::string path = "/sys/kernel/mm/transparent_hugepage/enabled";
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) GTEST_SKIP() << "no sysfs here";
+  const Loaded loaded(path);
+  ASSERT_EQ(loaded.length, static_cast<std::uint64_t>(status.st_size));
+  const std::string bytes = loaded.bytes();
+  const std::size_t end = bytes.find('\0');
+  ASSERT_NE(end, std::string::npos);
+  EXPECT_EQ(bytes.substr(end), std::string(bytes.size() - end, '\0'));
+}
+
+TEST(Loading, WithoutMemoryKeepsTheLength) {
+  const ScratchDir dir;
+  const std::string path = dir.write("sparse", "x");
+  constexpr std::uint64_t kSize = std::uint64_t{1} << 43;  // a sparse file of 8 TiB
+  std::error_code error;
+  std::filesystem::resize_file(path, kSize, error);
+  if (error) GTEST_SKIP() << "the file system holds no sparse file of 8 TiB";
+  rlimit before;
+  ASSERT_EQ(getrlimit(RLIMIT_DATA, &before), 0);
+  const rlimit tight{std::uint64_t{4} << 30, before.rlim_max};
+  setrlimit(RLIMIT_DATA, &tight);
+  const Loaded loaded(path);
+  setrlimit(RLIMIT_DATA, &before);
+  EXPECT_EQ(loaded.buffer, nullptr);
+  EXPECT_EQ(loaded.length, kSize);
+}
+
+}  // namespace

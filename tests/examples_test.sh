@@ -1,0 +1,33 @@
+#!/bin/sh
+# Runs the examples as the documentation shows them.
+# examples_test.sh EXAMPLES_FOLDER BUILD_FOLDER PYTHON
+set -eu
+examples=$1 build=$2 python=$3
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+target=$examples/data/target.bin query=$examples/data/query.bin v7=$examples/data/query_v7.bin
+
+fail() { echo "FAILED: $1" >&2; exit 1; }
+expect() { [ "$2" = "$3" ] || fail "$1: got '$2', wanted '$3'"; }
+
+"$build/make_bitstream" samples "$scratch"
+for sample in target query query_v7; do
+  cmp "$scratch/$sample.bin" "$examples/data/$sample.bin" || fail "the generator's $sample.bin"
+done
+"$build/make_bitstream" wrap "$scratch/wrapped.bin" "$query" "$target"
+expect "wrapped features" "$("$build/Vorquell" "$target" "$scratch/wrapped.bin")" \
+  "main: Return distance = 0.000000"
+
+expect "C" "$("$build/compare_c" "$target" "$v7")" "version 1.0.0.0:20180102: 0.031250"
+expect "Python" "$(ORV_LIBRARY=$build/libORV_CompareFeatures.so "$python" "$examples/compare.py" \
+  "$target" "$v7")" "version 1.0.0.0:20180102: 0.031250"
+
+many="0.000000 $target
+0.031250 $v7
+0.125000 $query"
+export VORQUELL="$build/Vorquell"
+expect "many queries" \
+  "$("$examples/compare_many.sh" "$target" "$query" "$v7" "$scratch/none" "$target")" "$many"
+expect "many queries, listed" \
+  "$(printf '%s\0' "$query" "$v7" "$target" | "$examples/compare_many.sh" "$target" -)" "$many"
+echo "examples: all as documented"
