@@ -1,0 +1,3 @@
+// The general utilities: every room of utility/.
+#pragma once
+
