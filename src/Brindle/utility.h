@@ -1,3 +1,7 @@
 // The general utilities: every room of utility/.
 #pragma once
 
+#include "Brindle/utility/console.h"           // IWYU pragma: export
+#include "Brindle/utility/stringConversion.h"  // IWYU pragma: export
+#include "Brindle/utility/stringTools.h"       // IWYU pragma: export
+#include "Brindle/utility/timing.h"            // IWYU pragma: export
