@@ -1,8 +1,29 @@
 #include "Brindle/utility/stringTools.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <functional>
 #include <utility>
+
+namespace {
+
+/// Tells in one step whether a character is in a set; null stands for the empty set.
+class CharacterSet {
+ public:
+  explicit CharacterSet(const char* characters) {
+    if (characters == nullptr) return;
+    for (; *characters != '\0'; ++characters) {
+      holds_[static_cast<unsigned char>(*characters)] = true;
+    }
+  }
+  bool operator()(char character) const { return holds_[static_cast<unsigned char>(character)]; }
+
+ private:
+  std::array<bool, 256> holds_{};
+};
+
+}  // namespace
 
 void replaceSubString(std::string& text, std::string pattern, std::string replacement) {
   if (pattern.empty()) return;
@@ -20,15 +41,16 @@ void replaceSubString(std::string& text, std::string pattern, std::string replac
 }
 
 std::vector<std::string> stringTokenizer(std::string text, const char* delimiters) {
-  if (delimiters == nullptr || text.find_first_of(delimiters) == std::string::npos) {
-    return {std::move(text)};
-  }
+  const CharacterSet delimiterSet(delimiters);
+  const auto isDelimiter = std::cref(delimiterSet);
+  if (std::none_of(text.begin(), text.end(), isDelimiter)) return {std::move(text)};
+
   std::vector<std::string> tokens;
-  std::size_t begin = 0;
-  while ((begin = text.find_first_not_of(delimiters, begin)) != std::string::npos) {
-    const std::size_t end = std::min(text.find_first_of(delimiters, begin), text.size());
-    tokens.push_back(text.substr(begin, end - begin));
-    begin = end;
+  const auto end = text.cend();
+  for (auto begin = text.cbegin(); begin != end;) {
+    const auto next = std::find_if(begin, end, isDelimiter);
+    if (next != begin) tokens.emplace_back(begin, next);
+    begin = next == end ? end : next + 1;
   }
   return tokens;
 }

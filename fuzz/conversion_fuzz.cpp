@@ -1,0 +1,40 @@
+// The four conversions between narrow and wide strings, in a multibyte locale.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "Brindle/XTypeConvertTool.h"
+#include "Brindle/utility/stringConversion.h"
+
+namespace {
+
+constexpr char kLocale[] = "C.UTF-8";
+
+void check(bool holds) {
+  if (!holds) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const bool isQuiet = std::freopen("/dev/null", "w", stdout) != nullptr;
+  if (!isQuiet) return 0;
+  const std::string text(data, data + size);
+  const std::wstring wide = str2wstr(text, kLocale);
+  const std::string narrow = wstr2str(wide, kLocale);
+  check(narrow.size() <= 2 * wide.size() + 1);
+  check(text.compare(0, narrow.size(), narrow) == 0);
+
+  // The buffers have just the room that the contracts ask for.
+  const std::string upToZero = text.c_str();
+  std::vector<wchar_t> wideRoom(upToZero.size() + 1);
+  const int wideCount = charStr2wcharStr(upToZero.c_str(), wideRoom.data(), kLocale);
+  check(wideCount == -1 || static_cast<std::size_t>(wideCount) == wide.size());
+
+  std::vector<char> narrowRoom(2 * wide.size() + 1);
+  const int narrowCount = wcharStr2charStr(wide.c_str(), narrowRoom.data(), kLocale);
+  check(narrowCount >= 0 && static_cast<std::size_t>(narrowCount) == narrow.size());
+  return 0;
+}
