@@ -5,6 +5,8 @@ target_compile_features(vorquell_options INTERFACE cxx_std_20)
 # Results must not depend on whether the processor can fuse a multiplication and an addition.
 target_compile_options(vorquell_options INTERFACE -ffp-contract=off
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+# Binaries do not depend on the folder that they were built in.
+target_compile_options(vorquell_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 if(VORQUELL_WERROR)
   target_compile_options(vorquell_options INTERFACE -Werror)
 endif()
