@@ -19,6 +19,7 @@ if(VORQUELL_SANITIZE)
 endif()
 if(VORQUELL_FUZZERS AND CMAKE_CXX_COMPILER_ID MATCHES Clang)
   add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
 endif()
 
 set(CMAKE_CXX_EXTENSIONS OFF)

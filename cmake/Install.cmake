@@ -26,6 +26,13 @@ install(FILES ${PROJECT_BINARY_DIR}/VorquellConfig.cmake
 # pkg-config files find their prefix from where they stand, so an installed tree can be moved.
 file(RELATIVE_PATH PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" PC_PREFIX ${PC_PREFIX})
+foreach(folder LIBDIR INCLUDEDIR)
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_${folder}}")
+    set(PC_${folder} ${CMAKE_INSTALL_${folder}})
+  else()
+    set(PC_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+  endif()
+endforeach()
 foreach(library ORV_CompareFeatures Brindle)
   configure_file(cmake/${library}.pc.in ${library}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc

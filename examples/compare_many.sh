@@ -13,6 +13,7 @@ if [ $# -lt 2 ]; then
 fi
 export VORQUELL="${VORQUELL:-Vorquell}" TARGET="$1"
 shift
+command -v "$VORQUELL" > /dev/null || { echo "$VORQUELL: no such tool" >&2; exit 2; }
 
 queries() { if [ "$1" = - ]; then cat; else printf '%s\0' "$@"; fi; }
 
@@ -20,5 +21,5 @@ queries() { if [ "$1" = - ]; then cat; else printf '%s\0' "$@"; fi; }
 queries "$@" | xargs -0 -P "$(nproc)" -n 64 sh -c '
   for query; do
     out=$("$VORQUELL" "$TARGET" "$query")
-    case $out in *"main: Return distance = "*) echo "${out##*= } $query";; esac
+    case $out in *"main: Return distance = "*) printf "%s %s\n" "${out##*= }" "$query";; esac
   done' sh | LC_ALL=C sort -g

@@ -73,7 +73,7 @@ std::string withBytesTouched(std::string feature, std::size_t count) {
 void writeSamples(const std::string& folder) {
   const std::string target = sampleFeature();
   std::vector<std::string> frames;
-  for (const std::size_t touched : {256, 128, 192, 64, 96}) {
+  for (const std::size_t touched : {256U, 128U, 192U, 64U, 96U}) {
     frames.push_back(withBytesTouched(target, touched));
   }
   writeFile(folder + "/target.bin", target);

@@ -56,6 +56,6 @@ bool queryFramesFit(const char* query, std::uint64_t querySize, std::uint64_t ta
 
   if (querySize < kFrameCountOffset + kFieldSize) return false;
   const std::uint32_t frameCount = readField(query, kFrameCountOffset);
-  return !isValidFrameCount(frameCount) ||
-         walkFrames(query, querySize, frameCount, targetLength, [](const char*, std::uint32_t) {});
+  return !isValidFrameCount(frameCount) || walkFrames(query, querySize, frameCount, targetLength,
+                                                      [](std::uint64_t, std::uint32_t) {});
 }

@@ -16,6 +16,9 @@
 // the 32 bytes of its header are passed over: the next header is read from the first bytes of the
 // skipped feature.
 //
+// All of this is part of the static library only: the shared one exports nothing but the two
+// functions of ORV_CompareFeatures.h.
+//
 // Readers copy no feature: they point into the caller's buffer, which must outlive what they
 // return. They keep no state and may be used from several threads. Their messages go to standard
 // output; numbers in them are printed as signed 32-bit values.

@@ -39,8 +39,8 @@ inline void printReaderMessage(const char* format, std::uint32_t value) {
 /// Returns the bitstream's version, 7 or 8, or prints why there is none and returns 0.
 int supportedVersion(const char* bitstream, unsigned int length);
 
-/// Visits `frameCount` frames and calls `onFrame(feature, frameLength)` for each. Returns false,
-/// and stops, where the walk would read at or past `size` bytes; only the features of
+/// Visits `frameCount` frames and calls `onFrame(featureOffset, frameLength)` for each. Returns
+/// false, and stops, where the walk would read at or past `size` bytes; only the features of
 /// `featureLength` bytes count as read.
 template <class OnFrame>
 bool walkFrames(const char* bitstream, std::uint64_t size, std::uint32_t frameCount,
@@ -50,12 +50,12 @@ bool walkFrames(const char* bitstream, std::uint64_t size, std::uint32_t frameCo
     if (cursor + kFeatureLengthOffset + kFieldSize > size) return false;
     const std::uint32_t frameLength = readField(bitstream, cursor + kFeatureLengthOffset);
     cursor += kFeatureOffset;
-    const char* feature = bitstream + cursor;
+    const std::uint64_t featureOffset = cursor;
     if (frameLength == featureLength) {
       cursor += featureLength;
       if (cursor > size) return false;
     }
-    onFrame(feature, frameLength);
+    onFrame(featureOffset, frameLength);
   }
   return true;
 }
@@ -70,9 +70,9 @@ void forEachFeature(const char* bitstream, std::uint32_t featureLength, OnFeatur
     return;
   }
   walkFrames(bitstream, kUnbounded, frameCount, featureLength,
-             [&](const char* feature, std::uint32_t frameLength) {
+             [&](std::uint64_t featureOffset, std::uint32_t frameLength) {
                if (frameLength == featureLength) {
-                 onFeature(feature);
+                 onFeature(bitstream + featureOffset);
                } else if (frameLength != 0) {
                  printReaderMessage("%s: Invalid feature length (%d)\n", frameLength);
                }

@@ -12,11 +12,7 @@
  */
 #pragma once
 
-#if defined(_WIN32) || defined(__CYGWIN__)
-#define ORV_API
-#else
 #define ORV_API __attribute__((visibility("default")))
-#endif
 
 #ifdef __cplusplus
 extern "C" {
@@ -29,13 +25,13 @@ ORV_API const char* ORV_GetCompareFeaturesVersion(void);
  *
  * - `queryLength` equal to `targetLength`: the whole query is one raw feature, whatever its bytes
  *   hold; it is never parsed.
- * - Any other `queryLength`: the query is a feature bitstream (its layout stands in
- * FeatureReader.h) and every feature in it of exactly `targetLength` bytes is compared; a version 8
- * bitstream yields none.
+ * - Any other `queryLength`: the query is a feature bitstream (FeatureReader.h shows its layout)
+ * and every feature in it of exactly `targetLength` bytes is compared; a version 8 bitstream yields
+ *   none.
  *
  * @warning A bitstream's frame count and length fields are trusted: the caller must hold every
- * frame that `query` announces, whatever `queryLength` says. For bytes from outside, C++ callers
- * ask queryFramesFit() of FeatureReader.h first.
+ *   frame that `query` announces, whatever `queryLength` says. When the bytes come from outside,
+ * ask queryFramesFit() of FeatureReader.h first, a C++ function of the static library.
  *
  * @param target        the target's feature, `targetLength` bytes
  * @param targetLength  bytes of the target; the bit count is formed in 32 bits and wraps from

@@ -43,7 +43,7 @@ TEST(Scoring, ReadsNothingBehindTheFeatures) {
   }
 }
 
-TEST(Scoring, WithoutABytePrintsNotANumberOrZero) {
+TEST(Scoring, OfNoByteIsNotANumberOrZero) {
   EXPECT_TRUE(std::isnan(calculateScores("a", "b", 0)));
   EXPECT_EQ(calculateScores("a", "b", -1), 0.0);
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdint>
 #include <string>
 
 namespace {
@@ -41,6 +42,16 @@ TEST_F(StatusCodes, ExplainThemselvesUnderTheOffsetOfTheMoment) {
     EXPECT_EQ(xErrGetOffsetBrindle(), c.offset);
     EXPECT_EQ(xExplainErrorFromBrindle(c.code), c.text) << c.offset << ", " << c.code;
   }
+}
+
+TEST_F(StatusCodes, KeepEveryLetterOfTheirTexts) {
+  std::uint64_t checksum = 0xCBF29CE484222325;  // FNV-1a
+  for (int number = 0; number < 504; ++number) {
+    for (const char letter : xExplainErrorFromBrindle(-20000 - number)) {
+      checksum = (checksum ^ static_cast<unsigned char>(letter)) * 0x100000001B3;
+    }
+  }
+  EXPECT_EQ(checksum, 0xE9A4257ADAD5E3C1);
 }
 
 TEST_F(StatusCodes, HaveTextsInTheirBlocksOnly) {

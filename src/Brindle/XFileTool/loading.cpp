@@ -1,6 +1,7 @@
 #include "Brindle/XFileTool/loading.h"
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,8 +17,16 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
 // Page faults cost more than reading a cached file; from this size on, huge pages pay.
 constexpr std::uint64_t kHugePageSize = std::uint64_t{2} << 20;
-// No address space holds more; what asks for it has no size (its `ftell` failed or has no end).
-constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 47;
+constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 47;  // no address space holds more
+constexpr std::uint64_t kNoSize = ~std::uint64_t{0};
+
+/// File systems differ in the size that they give a folder; here it has none, as a pipe.
+std::uint64_t sizeOf(std::FILE* file) {
+  struct stat status;
+  if (fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode)) return kNoSize;
+  if (std::fseek(file, 0, SEEK_END) != 0) return kNoSize;
+  return static_cast<std::uint64_t>(std::ftell(file));
+}
 
 /// Returns a block that `free` releases, or null.
 void* allocateBlock(std::uint64_t length) {
@@ -37,8 +46,7 @@ void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& lengt
     length = 0;
     return;
   }
-  std::fseek(file.get(), 0, SEEK_END);
-  length = static_cast<std::uint64_t>(std::ftell(file.get()));
+  length = sizeOf(file.get());
   buffer = static_cast<unsigned char*>(allocateBlock(length));
   if (buffer == nullptr) return;
 

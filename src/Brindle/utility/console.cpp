@@ -1,29 +1,28 @@
 #include "Brindle/utility/console.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
-constexpr int kFrameLength = 9;  // "|" before the cells and "| [100%]" behind them
+constexpr std::int64_t kFrameLength = 9;  // "|" before the cells and "| [100%]" behind them
 
-void printRepeated(char character, int count) {
-  for (int i = 0; i < count; ++i) std::putchar(character);
+void printRepeated(char character, std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) std::putchar(character);
 }
 
-/// width * percent / 100, where the product wraps around in 32 bits.
-int filledCells(int width, int percent) {
-  const unsigned int product =
-      static_cast<unsigned int>(width) * static_cast<unsigned int>(percent);
-  return static_cast<int>(product) / 100;
+/// `value` cut to 32 bits.
+int wrapped(std::int64_t value) {
+  return static_cast<int>(value);
 }
 
 void printCells(int width, int filled) {
   const bool isFull = filled >= width;
-  printRepeated('=', isFull ? filled : filled - 1);
+  printRepeated('=', isFull ? filled : filled - std::int64_t{1});
   if (!isFull && filled > 0) std::putchar('>');
-  printRepeated(' ', width - filled);
+  printRepeated(' ', std::int64_t{width} - filled);
 }
 
 }  // namespace
@@ -34,14 +33,15 @@ int displayConsoleProgressBar(int percent, char* text, bool overwrite, int width
   percent = std::clamp(percent, 0, 100);
   if (overwrite) printRepeated('\b', previousStrLen);
   std::putchar('|');
-  printCells(width, filledCells(width, percent));
+  printCells(width, wrapped(std::int64_t{width} * percent) / 100);
   std::printf("| [%3d%%]", percent);
   if (text != nullptr) std::printf(" %s", text);
 
-  const int textLength = text == nullptr ? 0 : static_cast<int>(std::strlen(text)) + 1;
-  const int length = textLength + width + kFrameLength;
-  printRepeated(' ', previousStrLen - length);
-  printRepeated('\b', previousStrLen - length);
+  const std::int64_t textLength = text == nullptr ? 0 : std::int64_t(std::strlen(text)) + 1;
+  const int length = wrapped(textLength + width + kFrameLength);
+  const int excess = wrapped(std::int64_t{previousStrLen} - length);
+  printRepeated(' ', excess);
+  printRepeated('\b', excess);
   previousStrLen = length;
   std::fflush(stdout);
   return percent;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -23,20 +24,27 @@ class CharacterSet {
   std::array<bool, 256> holds_{};
 };
 
+/// The first occurrence or null; unlike std::string::find never quadratic.
+const char* findPattern(const char* begin, const char* end, const std::string& pattern) {
+  return static_cast<const char*>(
+      memmem(begin, static_cast<std::size_t>(end - begin), pattern.data(), pattern.size()));
+}
+
 }  // namespace
 
 void replaceSubString(std::string& text, std::string pattern, std::string replacement) {
   if (pattern.empty()) return;
-  std::size_t found = text.find(pattern);
-  if (found == std::string::npos) return;
+  const char* const end = text.data() + text.size();
+  const char* copied = text.data();
+  const char* found = findPattern(copied, end, pattern);
+  if (found == nullptr) return;
 
   std::string replaced;
-  std::size_t copied = 0;
-  for (; found != std::string::npos; found = text.find(pattern, copied)) {
-    replaced.append(text, copied, found - copied).append(replacement);
+  for (; found != nullptr; found = findPattern(copied, end, pattern)) {
+    replaced.append(copied, found).append(replacement);
     copied = found + pattern.size();
   }
-  replaced.append(text, copied);
+  replaced.append(copied, end);
   text = std::move(replaced);
 }
 

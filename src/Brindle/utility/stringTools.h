@@ -6,7 +6,7 @@
 
 /// Replaces every occurrence of `pattern` in `text`, from left to right. Replaced text is not
 /// searched again, so a replacement may hold the pattern. An empty pattern changes nothing. Takes
-/// time linear in the text, however many occurrences there are.
+/// time linear in the text and the result, however long the pattern and however many occurrences.
 void replaceSubString(std::string& text, std::string pattern, std::string replacement);
 
 /// Returns the pieces of `text` between characters of the set `delimiters`, in order. Runs of
