@@ -1,4 +1,6 @@
 // File-system tools: every room of XFileTool/.
 #pragma once
 
-#include "Brindle/XFileTool/loading.h"  // IWYU pragma: export
+#include "Brindle/XFileTool/directories.h"  // IWYU pragma: export
+#include "Brindle/XFileTool/loading.h"      // IWYU pragma: export
+#include "Brindle/XFileTool/paths.h"        // IWYU pragma: export
