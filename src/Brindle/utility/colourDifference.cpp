@@ -159,7 +159,7 @@ double CIEDeltaE94(double* first, double* second) {
   const double chroma = chromaOf(one.a, one.b);
   const double deltaC = chroma - chromaOf(two.a, two.b);
   const double hueSq = square(one.a - two.a) + square(one.b - two.b) - square(deltaC);
-  const double deltaH = std::sqrt(std::max(0.0, hueSq));
+  const double deltaH = std::sqrt(std::max(hueSq, 0.0));
   return std::sqrt(square(one.l - two.l) + square(deltaC / (1.0 + 0.045 * chroma)) +
                    square(deltaH / (1.0 + 0.015 * chroma)));
 }

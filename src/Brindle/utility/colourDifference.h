@@ -4,8 +4,9 @@
 // to 1, or as Lab (L*, a*, b*); see colourSpace.h for both, for the white point (D65, 2 degree
 // observer) and for how BGR becomes Lab. Values outside these ranges are not clamped.
 //
-// Every difference is 0 for identical colours and never negative. Where a component is not a
-// number, neither is the difference, except that nothing is promised of myDeltaE(). The arguments
+// Every difference is 0 for identical colours and never negative, as long as no step overflows.
+// Where a component is not a number, neither is the difference, except that nothing is promised of
+// myDeltaE(). The arguments
 // are not modified, except by LabCap(), and may be one and the same array. Every step is evaluated
 // in a fixed order in double precision, so results have the same bits with every compiler,
 // optimisation and processor for which the C library's `pow`, `exp`, `sin`, `cos` and `atan2` have.
@@ -32,9 +33,10 @@ double CIEDeltaE94(double* first, double* second);
 /// Returns the CIEDE2000 difference (Sharma, Wu and Dalal, 2005) of two BGR colours, kL = kC = kH =
 /// 1, computed with hue angles in degrees.
 ///
-/// Differs from CIEDE2000() in one kind of pair: where the hues are more than 180 degrees apart and
-/// sum to 360 or more, the mean hue lies 360 higher, beyond 360, which alters the rotation term.
-/// For hues exactly opposite each other, rounding may make the two take different sides.
+/// Beside rounding it differs from CIEDE2000() in one kind of pair: where the hues are more than
+/// 180 degrees apart and sum to 360 or more, the mean hue lies 360 higher, from 360 on, which
+/// alters the rotation term. For hues exactly opposite each other, rounding may make the two take
+/// different sides.
 double CIEDeltaE2000(double* first, double* second);
 
 /// Returns the CIEDE2000 difference (Sharma, Wu and Dalal, 2005) of two colours, in Lab or BGR, kL

@@ -24,17 +24,18 @@
 /// Converts BGR to HSV, the hexcone model (Smith, Color Gamut Transform Pairs, 1978). The
 /// components may have any scale from 0 up, which V keeps.
 ///
-/// Zero means within 9.999999974752427e-7 of it. A zero V gives (-1, 0, V). A zero difference
-/// between the largest and the smallest component gives the hue -1; S is that difference over V all
-/// the same. A hue less than a rounding error below 0 becomes 360.
+/// Zero means within 9.999999974752427e-7 of it; what is not a number is not zero. A zero V gives
+/// (-1, 0, V). A zero difference between the largest and the smallest component gives the hue -1; S
+/// is that difference over V all the same. A hue less than a rounding error below 0 becomes 360.
 void BGR2HSV(double* in, double* out);
 
 /// Converts HSV to BGR.
 ///
 /// With a saturation of 0 or less only a negative hue, such as -1, gives the grey (V, V, V); any
 /// other hue gives black. A hue from 360 on counts as 360, red. Negative hues do not wrap around:
-/// down to -60 they extend the sector from 0 to 60 degrees; -60 and below, or a hue that is not a
-/// number, count in the sector from 300 to 360, at the fraction that hue / 60 has, 0 or negative.
+/// down to -60 they extend the sector from 0 to 60 degrees; -60 and below count in
+/// the sector from 300 to 360, at the fraction that hue / 60 has, 0 or negative. Nothing is
+/// promised of a hue that is not a number or below -60 * 2^31.
 void HSV2BGR(double* in, double* out);
 
 /// Converts BGR to analogue YUV with the luma weights of ITU-R BT.601, on the encoded intensities.
@@ -55,7 +56,8 @@ void XYZ2BGR(double* in, double* out);
 /// (95.047, 100, 108.883), D65 for the 2 degree observer.
 void XYZ2Lab(double* in, double* out);
 
-/// Converts Lab to XYZ, with the constants of XYZ2Lab().
+/// Converts Lab to XYZ, with the constants of XYZ2Lab(). The cube of f, and not f, is held against
+/// 0.008856.
 void Lab2XYZ(double* in, double* out);
 
 /// Converts BGR to Lab by way of XYZ. The two conversions' whites differ: white (1, 1, 1) gives
@@ -70,14 +72,15 @@ void Lab2BGR(double* in, double* out);
 void BGR2CylindricalHSV(double* in, double* out);
 
 /// Converts cylindrical HSV to BGR. A zero radius or V (as in BGR2HSV()) means the hue -1. A radius
-/// above 1 is a saturation above 1 and gives negative components.
+/// above 1 is a saturation above 1 and gives, for a positive V, negative components.
 void cylindricalHSV2BGR(double* in, double* out);
 
 /// Converts BGR to cone HSV. The hue -1 is taken for an angle of -1 degree.
 void BGR2ConeHSV(double* in, double* out);
 
 /// Converts cone HSV to BGR. A zero V (as in BGR2HSV()) gives black, whatever the radius; a zero
-/// saturation, radius over V, means the hue -1. A radius above V gives negative components.
+/// saturation, radius over V, means the hue -1. For a positive V, a radius above it gives
+/// negative components; a negative V with a radius gives black.
 void coneHSV2BGR(double* in, double* out);
 
 /// Converts BGR to the feature space `featureType`:
