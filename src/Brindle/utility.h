@@ -5,3 +5,5 @@
 #include "Brindle/utility/stringConversion.h"  // IWYU pragma: export
 #include "Brindle/utility/stringTools.h"       // IWYU pragma: export
 #include "Brindle/utility/timing.h"            // IWYU pragma: export
+#include "Brindle/utility/colourDifference.h"  // IWYU pragma: export
+#include "Brindle/utility/colourSpace.h"       // IWYU pragma: export
