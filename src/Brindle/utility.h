@@ -7,3 +7,5 @@
 #include "Brindle/utility/timing.h"            // IWYU pragma: export
 #include "Brindle/utility/colourDifference.h"  // IWYU pragma: export
 #include "Brindle/utility/colourSpace.h"       // IWYU pragma: export
+#include "Brindle/utility/matrix.h"   // IWYU pragma: export
+#include "Brindle/utility/sorting.h"  // IWYU pragma: export

@@ -1,0 +1,280 @@
+#include "Brindle/utility/sorting.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <numeric>
+#include <span>
+#include <vector>
+
+namespace {
+
+/// The two arrays of a quicksort, which move as one. Positions are `long`, so that no step past an
+/// `int` overflows.
+struct Pairs {
+  double* values;
+  int* index;
+
+  void move(long from, long to) const {
+    values[to] = values[from];
+    index[to] = index[from];
+  }
+};
+
+/// Settles a range that is ascending, where partitioning would change nothing, or strictly
+/// descending, where it would end in the reverse. Returns false for any other.
+bool settleRun(Pairs pairs, long left, long right) {
+  const double* const values = pairs.values;
+  long i = left;
+  while (i < right && values[i] <= values[i + 1]) ++i;
+  if (i == right) return true;
+  i = left;
+  while (i < right && values[i] > values[i + 1]) ++i;
+  if (i != right) return false;
+  std::reverse(pairs.values + left, pairs.values + right + 1);
+  std::reverse(pairs.index + left, pairs.index + right + 1);
+  return true;
+}
+
+constexpr long kSmallRange = 16;
+
+/// Settles a range of 2 to kSmallRange elements by counting, for each, the smaller ones. Returns
+/// false, and changes nothing, where two of them share a place: then some are equal, and their
+/// order is that of the partitions, or not a number.
+bool settleSmall(Pairs pairs, long left, long right) {
+  const long count = right - left + 1;
+  const double* const values = pairs.values + left;
+  const int* const index = pairs.index + left;
+  std::array<double, kSmallRange> sortedValues;
+  std::array<int, kSmallRange> sortedIndex;
+  unsigned int taken = 0;
+  for (long i = 0; i < count; ++i) {
+    std::size_t place = 0;
+    for (long j = 0; j < count; ++j) place += values[j] < values[i];
+    sortedValues[place] = values[i];
+    sortedIndex[place] = index[i];
+    taken |= 1U << place;
+  }
+  if (taken != (1U << count) - 1) return false;
+  std::copy_n(sortedValues.begin(), count, pairs.values + left);
+  std::copy_n(sortedIndex.begin(), count, pairs.index + left);
+  return true;
+}
+
+/// The places in one block at which a scan would stop, as distances from the block's start.
+struct Stops {
+  static constexpr int kBlock = 64;
+
+  /// Gathers them without a branch on the comparison.
+  template <class IsStop>
+  void gather(long blockStart, IsStop isStop) {
+    start = blockStart;
+    next = 0;
+    count = 0;
+    for (int i = 0; i < kBlock; ++i) {
+      distances[static_cast<std::size_t>(count)] = static_cast<std::uint8_t>(i);
+      count += isStop(i);
+    }
+  }
+  int left() const { return count - next; }
+  long distance(int i) const { return distances[static_cast<std::size_t>(next + i)]; }
+
+  long start = 0;
+  int next = 0;
+  int count = 0;
+  std::array<std::uint8_t, kBlock> distances;
+};
+
+/// Where a partition stands: the pivot's hole and the last element that may be below the pivot.
+struct Scan {
+  long hole;
+  long right;
+};
+
+/// The moves of a partition's plain loop, as far as whole blocks remain between the two scans.
+Scan partitionBlocks(Pairs pairs, double pivot, long left, long right) {
+  const double* const values = pairs.values;
+  long hole = left++;
+  Stops below;  // counted from its block's right end
+  Stops above;
+  while (right - left >= 2L * Stops::kBlock) {
+    if (below.left() == 0) {
+      below.gather(right, [=](int i) { return !(values[right - i] >= pivot); });
+      right -= Stops::kBlock;
+    }
+    if (above.left() == 0) {
+      above.gather(left, [=](int i) { return !(values[left + i] <= pivot); });
+      left += Stops::kBlock;
+    }
+    const int count = std::min(below.left(), above.left());
+    for (int i = 0; i < count; ++i) {
+      const long from = below.start - below.distance(i);
+      pairs.move(from, hole);
+      hole = above.start + above.distance(i);
+      pairs.move(hole, from);
+    }
+    below.next += count;
+    above.next += count;
+  }
+  if (below.left() > 0) right = below.start - below.distance(0);
+  return {hole, right};
+}
+
+/// Partitions around the first element and returns where it ends up. Both scans pass over what is
+/// equal to it.
+long partition(Pairs pairs, long left, long right) {
+  const double* const values = pairs.values;
+  const double pivot = values[left];
+  const int pivotIndex = pairs.index[left];
+  auto [l, r] = partitionBlocks(pairs, pivot, left, right);
+  while (l < r) {
+    while (l < r && values[r] >= pivot) --r;
+    if (l != r) pairs.move(r, l++);
+    while (l < r && values[l] <= pivot) ++l;
+    if (l != r) pairs.move(l, r--);
+  }
+  pairs.values[l] = pivot;
+  pairs.index[l] = pivotIndex;
+  return l;
+}
+
+void sortRange(Pairs pairs, long left, long right) {
+  while (left < right) {
+    if (settleRun(pairs, left, right)) return;
+    if (right - left < kSmallRange && settleSmall(pairs, left, right)) return;
+    const long middle = partition(pairs, left, right);
+    // The smaller side is the one to recurse into, which keeps the stack short.
+    if (middle - left < right - middle) {
+      sortRange(pairs, left, middle - 1);
+      left = middle + 1;
+    } else {
+      sortRange(pairs, middle + 1, right);
+      right = middle - 1;
+    }
+  }
+}
+
+constexpr const char* kNothingToSort = "Radix sort: input array size <= 0!";
+constexpr int kPasses = 10;       // digits of the largest `int`
+constexpr int kLowestDigit = -9;  // of a negative number
+constexpr std::size_t kDigits = 19;
+
+std::size_t bucketOf(int value, int divisor) {
+  return static_cast<std::size_t>(value / divisor % 10 - kLowestDigit);
+}
+
+/// One stable pass by the digit that `divisor` selects. Returns whether all values share it.
+template <class T>
+bool passByDigit(std::span<T> values, std::span<T> scratch, int divisor) {
+  std::array<std::size_t, kDigits + 1> ends{};
+  for (const T value : values) ++ends[bucketOf(value, divisor) + 1];
+  if (std::count(ends.begin(), ends.end(), values.size()) > 0) return true;
+  std::partial_sum(ends.begin(), ends.end(), ends.begin());
+  for (const T value : values) scratch[ends[bucketOf(value, divisor)]++] = value;
+  std::copy(scratch.begin(), scratch.end(), values.begin());
+  return false;
+}
+
+void printLine(std::span<const int> values) {
+  for (const int value : values) std::printf("%d ", value);
+  std::printf("\n");
+}
+
+using ByteCounts = std::array<std::size_t, 256>;
+
+ByteCounts countBytes(std::span<const unsigned char> bytes) {
+  ByteCounts counts{};
+  for (const unsigned char byte : bytes) ++counts[byte];
+  return counts;
+}
+
+bool shareDigit(const ByteCounts& counts, std::size_t total, int divisor) {
+  std::array<std::size_t, kDigits> buckets{};
+  for (int byte = 0; byte < 256; ++byte) {
+    buckets[bucketOf(byte, divisor)] += counts[static_cast<std::size_t>(byte)];
+  }
+  return std::count(buckets.begin(), buckets.end(), total) > 0;
+}
+
+void writeRuns(const ByteCounts& counts, unsigned char* bytes) {
+  for (std::size_t byte = 0; byte < counts.size(); ++byte) {
+    bytes = std::fill_n(bytes, counts[byte], static_cast<unsigned char>(byte));
+  }
+}
+
+}  // namespace
+
+void quickSort(double* values, int* index, int n) {
+  sortRange({values, index}, 0, long{n} - 1);
+}
+
+void q_sort(double* values, int* index, int left, int right) {
+  sortRange({values, index}, left, right);
+}
+
+void radixSort(int* values, int n) {
+  if (n < 1) {
+    std::puts(kNothingToSort);
+    return;
+  }
+  const std::span<int> all(values, static_cast<std::size_t>(n));
+  std::vector<int> scratch(all.size());
+  std::uint32_t divisor = 1;
+  for (int pass = 0; pass < kPasses; ++pass) {
+    const bool isFinished = passByDigit(all, std::span<int>(scratch), static_cast<int>(divisor));
+    printLine(all);
+    if (isFinished) return;
+    divisor *= 10U;  // wraps around after the last pass
+  }
+}
+
+void radixSortUChar(unsigned char* values, int n) {
+  if (n < 1) {
+    std::puts(kNothingToSort);
+    return;
+  }
+  const std::span<unsigned char> all(values, static_cast<std::size_t>(n));
+  const ByteCounts counts = countBytes(all);
+  if (shareDigit(counts, all.size(), 1)) return;
+  if (shareDigit(counts, all.size(), 10)) {
+    std::vector<unsigned char> scratch(all.size());
+    passByDigit(all, std::span<unsigned char>(scratch), 1);
+    return;
+  }
+  // All three passes take place, which leaves the bytes in order.
+  writeRuns(counts, values);
+}
+
+template <class T>
+bool findNumberFromArray(T* values, unsigned long n, T value, unsigned long& foundIndex,
+                         unsigned long firstProbe) {
+  if (n == 0) return false;
+  // A loop without side effects may be taken to end. This one need not, so its reads are volatile.
+  const volatile T* const elements = values;
+  unsigned long middle = firstProbe < n ? firstProbe : n / 2;
+  unsigned long low = 0;
+  unsigned long high = n - 1;
+  for (;;) {
+    const T element = elements[middle];
+    if (element == value) {
+      foundIndex = middle;
+      return true;
+    }
+    // The bounds move onto the middle, never past it.
+    if (element < value) low = middle;
+    if (element > value) high = middle;
+    middle = (low + high) / 2;
+    if (low == high) return false;
+  }
+}
+
+template bool findNumberFromArray(int*, unsigned long, int, unsigned long&, unsigned long);
+template bool findNumberFromArray(unsigned int*, unsigned long, unsigned int, unsigned long&,
+                                  unsigned long);
+template bool findNumberFromArray(long*, unsigned long, long, unsigned long&, unsigned long);
+template bool findNumberFromArray(unsigned long*, unsigned long, unsigned long, unsigned long&,
+                                  unsigned long);
+template bool findNumberFromArray(float*, unsigned long, float, unsigned long&, unsigned long);
+template bool findNumberFromArray(double*, unsigned long, double, unsigned long&, unsigned long);

@@ -1,0 +1,42 @@
+#include "reference/PlainNumerics.h"
+
+#include <cmath>
+
+#include "Brindle/utility/matrix.h"
+
+double plainDeterminant(double** A, int n) {
+  if (n == 1) return A[0][0];
+  if (n == 2) return A[0][0] * A[1][1] - A[1][0] * A[0][1];
+  return plainExpansion(A, n, plainDeterminant);
+}
+
+double plainExpansion(double** A, int n, double (*ofMinor)(double**, int)) {
+  double determinant = 0.0;
+  for (int j = 0; j < n; ++j) {
+    double** minor = allocate2DDouble(n - 1, n - 1);
+    for (int i = 1; i < n; ++i) {
+      for (int k = 0; k < n - 1; ++k) minor[i - 1][k] = A[i][k < j ? k : k + 1];
+    }
+    const double sign = std::pow(-1.0, j + 1.0 + 1.0);
+    determinant += ofMinor(minor, n - 1) * (sign * A[0][j]);
+    safeDelete2DDouble(n - 1, minor);
+  }
+  return determinant;
+}
+
+void plainQuickSort(double* values, int* index, int left, int right) {
+  if (left >= right) return;
+  const double pivot = values[left];
+  const int pivotIndex = index[left];
+  int l = left, r = right;
+  while (l < r) {
+    while (values[r] >= pivot && l < r) --r;
+    if (l != r) values[l] = values[r], index[l] = index[r], ++l;
+    while (values[l] <= pivot && l < r) ++l;
+    if (l != r) values[r] = values[l], index[r] = index[l], --r;
+  }
+  values[l] = pivot;
+  index[l] = pivotIndex;
+  if (left < l) plainQuickSort(values, index, left, l - 1);
+  if (right > l) plainQuickSort(values, index, l + 1, right);
+}
