@@ -9,3 +9,6 @@
 #include "Brindle/utility/colourSpace.h"       // IWYU pragma: export
 #include "Brindle/utility/matrix.h"   // IWYU pragma: export
 #include "Brindle/utility/sorting.h"  // IWYU pragma: export
+#include "Brindle/utility/polygon.h"
+#include "Brindle/utility/polyline.h"
+#include "Brindle/utility/statistics.h"

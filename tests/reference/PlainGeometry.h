@@ -1,0 +1,20 @@
+// Polygons and polylines in their plainest form, against which the product's are held.
+#pragma once
+
+#include <list>
+#include <vector>
+
+#include "Brindle/utility/polyline.h"
+
+bool plainPointInPolygon(double* poly, int n, double* p, bool byWinding);
+
+/// Crosses polygon A with the first `edgesB` edges of polygon B.
+bool plainCrossings(double* polyA, int nA, double* polyB, int nB, int edgesB, std::list<double>* xs,
+                    std::list<double>* ys);
+
+/// As chainHull_2D(), for points of which two x differ; `wasCut` tells whether points were left out
+/// for want of room.
+int plainHull(int* points, int n, int* hull, bool& wasCut);
+
+std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool normalize,
+                                      int radius, int iterations);
