@@ -22,6 +22,13 @@ expect "C" "$("$build/compare_c" "$target" "$v7")" "version 1.0.0.0:20180102: 0.
 expect "Python" "$(ORV_LIBRARY=$build/libORV_CompareFeatures.so "$python" "$examples/compare.py" \
   "$target" "$v7")" "version 1.0.0.0:20180102: 0.031250"
 
+cat "$query" "$target" "$query" > "$scratch/features.bin"
+closest="closest: 1 of 3, distance 0.000000"
+expect "C, mapped" "$("$build/compare_mapped_c" "$target" "$scratch/features.bin" 2> /dev/null)" \
+  "$closest"
+expect "Python, mapped" "$(ORV_LIBRARY=$build/libORV_CompareFeatures.so "$python" \
+  "$examples/compare_mapped.py" "$target" "$scratch/features.bin" 2> /dev/null)" "$closest"
+
 many="0.000000 $target
 0.031250 $v7
 0.125000 $query"
