@@ -1,0 +1,240 @@
+// Draws pictures with the toolbox: gallery FOLDER
+//
+// Each function below is one picture, NAME.bmp in the folder.
+#include <Brindle/utility.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <list>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "canvas.h"
+
+namespace {
+
+constexpr int kSize = 240;
+
+/// A position on the picture as a point of the square from -1 to 1, y up.
+Point planePoint(int x, int y) {
+  constexpr double kHalf = kSize / 2.0;
+  return {(x + 0.5 - kHalf) / kHalf, (kHalf - y - 0.5) / kHalf};
+}
+
+template <class ColourAt>
+Canvas painted(ColourAt colourAt) {
+  Canvas canvas(kSize, kSize);
+  for (int y = 0; y < kSize; ++y) {
+    for (int x = 0; x < kSize; ++x) canvas.set(x, y, colourAt(planePoint(x, y)));
+  }
+  return canvas;
+}
+
+using Conversion = void (*)(double*, double*);
+
+Bgr converted(Conversion toBgr, double first, double second, double third) {
+  double in[3] = {first, second, third};
+  double out[3];
+  toBgr(in, out);
+  return {out[0], out[1], out[2]};
+}
+
+/// Hue as the angle, saturation as the radius, at full value.
+Canvas cylinderPlane() {
+  return painted([](Point p) {
+    return p.x * p.x + p.y * p.y > 1 ? kWhite : converted(cylindricalHSV2BGR, p.x, p.y, 1.0);
+  });
+}
+
+/// The cone cut lengthwise through red and cyan: the radius, saturation times value, stays below
+/// the value, which grows upwards.
+Canvas conePlane() {
+  return painted([](Point p) {
+    const double value = (p.y + 1) / 2;
+    return std::fabs(p.x) > value ? kWhite : converted(coneHSV2BGR, p.x, 0.0, value);
+  });
+}
+
+/// The colours of L* = 65 around the one in the middle, darkened where their CIEDE2000 from it
+/// passes a multiple of 5.
+Canvas differenceMap() {
+  constexpr double kL = 65;
+  constexpr double kRange = 60;
+  const LAB middle{kL, 20, 10};
+  return painted([&](Point p) {
+    const LAB colour{kL, middle.a + p.x * kRange, middle.b + p.y * kRange};
+    const double rest = std::fmod(CIEDE2000(middle, colour), 5.0);
+    const Bgr shown = converted(Lab2BGR, colour.l, colour.a, colour.b);
+    return rest < 0.35 ? Bgr{shown.blue / 2, shown.green / 2, shown.red / 2} : shown;
+  });
+}
+
+/// Hue to the right, value upwards, at a saturation of 0.6; above the diagonal band what the
+/// hue-weighted feature keeps of the colour, below the colour itself.
+Canvas featureBands() {
+  constexpr int kHueWeighted = 1;
+  return painted([](Point p) {
+    double hsv[3] = {(p.x + 1) * 180, 0.6, std::fabs(p.y)};
+    double bgr[3];
+    HSV2BGR(hsv, bgr);
+    if (p.y < 0) return Bgr{bgr[0], bgr[1], bgr[2]};
+    double feature[3];
+    BGR2WeightedFeature(bgr, feature, kHueWeighted);
+    weightedFeature2BGR(feature, bgr, kHueWeighted);
+    return Bgr{bgr[0], bgr[1], bgr[2]};
+  });
+}
+
+/// A mask in four shades, each eroded three times more than the one before, and two segments in the
+/// colour of the side on which they have the mask.
+Canvas erodedMask() {
+  Canvas canvas(kSize, kSize);
+  const std::vector<double> star = {120, 20,  146, 92,  222, 94,  162, 140, 184, 212,
+                                    120, 170, 56,  212, 78,  140, 18,  94,  94,  92};
+  Canvas shape(kSize, kSize, kBlack);
+  shape.polygon(star, kWhite);
+  std::vector<unsigned char> mask(kSize * kSize);
+  for (std::size_t i = 0; i < mask.size(); ++i) mask[i] = shape.pixels()[3 * i];
+  std::vector<unsigned char> original = mask;
+
+  for (int step = 0; step < 4; ++step) {
+    const double shade = 0.85 - 0.22 * step;
+    for (int i = 0; i < kSize * kSize; ++i) {
+      if (mask[static_cast<std::size_t>(i)] != 0) {
+        canvas.set(i % kSize, i / kSize, {0.9, shade, shade});
+      }
+    }
+    for (int i = 0; i < 3; ++i) erosion(mask.data(), kSize, kSize);
+  }
+  const int segments[][4] = {{20, 30, 90, 10}, {70, 236, 14, 190}, {100, 120, 225, 30}};
+  for (const auto& s : segments) {
+    const int side =
+        lineSegmentMaskIntersect(original.data(), 0, 0, kSize, kSize, s[0], s[1], s[2], s[3]);
+    canvas.line({s[0] + 0.5, s[1] + 0.5}, {s[2] + 0.5, s[3] + 0.5},
+                side > 0   ? kGreen
+                : side < 0 ? kRed
+                           : kBlack);
+  }
+  return canvas;
+}
+
+void outline(Canvas& canvas, const std::vector<double>& polygon, Bgr colour) {
+  for (std::size_t i = 0; i < polygon.size(); i += 2) {
+    const std::size_t next = (i + 2) % polygon.size();
+    canvas.line({polygon[i], polygon[i + 1]}, {polygon[next], polygon[next + 1]}, colour);
+  }
+}
+
+/// The hull of both polygons' vertices around them, and a dot where their edges cross.
+Canvas crossingPolygons() {
+  Canvas canvas(kSize, kSize);
+  std::vector<double> first = {30, 60, 180, 30, 150, 110, 200, 200, 60, 170};
+  std::vector<double> second = {90, 20, 220, 120, 110, 220, 120, 130, 20, 120};
+
+  std::vector<std::pair<int, int>> sorted;
+  for (const auto* polygon : {&first, &second}) {
+    for (std::size_t i = 0; i < polygon->size(); i += 2) {
+      sorted.emplace_back(static_cast<int>((*polygon)[i]), static_cast<int>((*polygon)[i + 1]));
+    }
+  }
+  std::sort(sorted.begin(), sorted.end());
+  std::vector<int> points;
+  for (const auto& [x, y] : sorted) points.insert(points.end(), {x, y});
+  std::vector<int> hull(points.size() + 2);
+  const int hullSize = chainHull_2D(points.data(), static_cast<int>(sorted.size()), hull.data());
+  canvas.polygon({hull.begin(), hull.begin() + 2 * hullSize - 2}, {0.93, 0.93, 0.93});
+
+  outline(canvas, first, kBlue);
+  outline(canvas, second, kGreen);
+  std::list<double> xs;
+  std::list<double> ys;
+  polygonIntersect2D(first.data(), static_cast<int>(first.size() / 2), second.data(),
+                     static_cast<int>(second.size() / 2), &xs, &ys);
+  for (auto x = xs.begin(), y = ys.begin(); x != xs.end(); ++x, ++y) canvas.disc({*x, *y}, 3, kRed);
+  return canvas;
+}
+
+/// Red where the polyline turns left, blue where it turns right.
+Bgr turnColour(float curvature) {
+  const double strength = std::fmin(std::fabs(static_cast<double>(curvature)) * 8, 1.0);
+  return curvature > 0 ? Bgr{0.7 * (1 - strength), 0.7 * (1 - strength), 0.7 + 0.3 * strength}
+                       : Bgr{0.7 + 0.3 * strength, 0.7 * (1 - strength), 0.7 * (1 - strength)};
+}
+
+/// One shaky polyline twice: coloured by its curvature as it stands, and below by the curvature
+/// after smoothing.
+Canvas polylineCurvature() {
+  Canvas canvas(kSize, kSize);
+  std::vector<Point2Df> points;
+  for (int i = 0; i <= 110; ++i) {
+    const double x = 10 + 2 * i;
+    const double shake = i % 2 == 0 ? 1.5 : -1.5;
+    points.push_back({static_cast<float>(x), static_cast<float>(40 * std::sin(x / 18) + shake)});
+  }
+  for (const int iterations : {0, 6}) {
+    std::vector<float> curvature;
+    polylineToCurvature(points, curvature, 3, iterations);
+    const double middle = iterations == 0 ? 60 : 180;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      canvas.disc({static_cast<double>(points[i].x), middle - static_cast<double>(points[i].y)},
+                  2.5, turnColour(curvature[i]));
+    }
+  }
+  return canvas;
+}
+
+/// The middle of the hue plane, copied through the mask of a ring onto a grey ground.
+Canvas maskedCopy() {
+  Canvas source = cylinderPlane();
+  Canvas canvas(kSize, kSize, kGrey);
+  std::vector<unsigned char> mask(kSize * kSize);
+  for (int y = 0; y < kSize; ++y) {
+    for (int x = 0; x < kSize; ++x) {
+      const Point p = planePoint(x, y);
+      const double distanceSq = p.x * p.x + p.y * p.y;
+      mask[static_cast<std::size_t>(y * kSize + x)] = distanceSq > 0.3 && distanceSq < 0.9;
+    }
+  }
+  if (!copyImageAnywhere(source.pixels(), kSize, kSize, source.stride(), 3, 0, 0, kSize, kSize,
+                         canvas.pixels(), kSize, kSize, canvas.stride(), 40, 40, false, mask.data(),
+                         kSize)) {
+    throw std::runtime_error("the region was not copied");
+  }
+  return canvas;
+}
+
+struct Picture {
+  const char* name;
+  Canvas (*draw)();
+};
+
+constexpr Picture kPictures[] = {
+    {"hue-plane-cylinder", cylinderPlane},
+    {"hue-plane-cone", conePlane},
+    {"colour-difference", differenceMap},
+    {"weighted-feature", featureBands},
+    {"mask-erosion", erodedMask},
+    {"polygons", crossingPolygons},
+    {"polyline-curvature", polylineCurvature},
+    {"masked-copy", maskedCopy},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: gallery FOLDER\n");
+    return 2;
+  }
+  try {
+    for (const Picture& picture : kPictures) {
+      picture.draw().save(std::string(argv[1]) + "/" + picture.name + ".bmp");
+    }
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "gallery: %s\n", error.what());
+    return 1;
+  }
+  return 0;
+}
