@@ -8,6 +8,8 @@
 #include <cstring>
 #include <memory>
 
+#include "Brindle/conditionCode.h"
+
 namespace {
 
 struct FileCloser {
@@ -19,6 +21,8 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 constexpr std::uint64_t kHugePageSize = std::uint64_t{2} << 20;
 constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 47;  // no address space holds more
 constexpr std::uint64_t kNoSize = ~std::uint64_t{0};
+
+constexpr int kFailToOpen = 50;  // the status code's number
 
 /// File systems differ in the size that they give a folder; here it has none, as a pipe.
 std::uint64_t sizeOf(std::FILE* file) {
@@ -53,4 +57,21 @@ void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& lengt
   std::rewind(file.get());
   const std::size_t delivered = std::fread(buffer, 1, length, file.get());
   std::memset(buffer + delivered, 0, length - delivered);
+}
+
+int xReadWholeFile2(const char* path, std::string& contents) {
+  const FileHandle file(std::fopen(path, "rb"));
+  const std::uint64_t size = file ? sizeOf(file.get()) : kNoSize;
+  if (size > kLargestBlock) return brindle::detail::conditionCode(kFailToOpen);
+  contents.resize(size);
+  std::rewind(file.get());
+  // A short read is as good: it leaves the rest of `contents` as it is.
+  [[maybe_unused]] const std::size_t delivered = std::fread(contents.data(), 1, size, file.get());
+  return 0;
+}
+
+std::string xReadWholeFile(const char* path) {
+  std::string contents;
+  xReadWholeFile2(path, contents);
+  return contents;
 }

@@ -1,7 +1,9 @@
-// Loading whole files. No state; callable from any thread.
+// Loading whole files, into a block of memory or a string. Callable from any thread; the only state
+// used is the offset of the status codes, which xReadWholeFile2() reads.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 /// Loads the whole file at `path` into memory. Prints nothing; the caller judges by `buffer` and
 /// `length`:
@@ -15,3 +17,17 @@
 /// - What has no size (a folder, a pipe) counts as larger than any memory: `buffer` is null and
 ///   `length` 2^64 - 1.
 void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& length);
+
+/// Reads the whole file at `path` into `contents`, which then has the file's size; zero bytes are
+/// kept. Prints nothing.
+///
+/// Returns 0, or the status code offset - 50 ("Fail to open file") when the file cannot be opened
+/// or has no size (a folder, a pipe); `contents` is untouched then. Bytes that could not be read go
+/// unnoticed: they stay what `contents` held in their place, or are zero. A file that does not fit
+/// in memory throws std::bad_alloc.
+///
+/// @warning To open a pipe is to wait for its writer.
+int xReadWholeFile2(const char* path, std::string& contents);
+
+/// Returns the bytes of the file at `path`, or an empty string where xReadWholeFile2() fails.
+std::string xReadWholeFile(const char* path);

@@ -26,6 +26,9 @@ TEST(Loading, KeepsEveryByte) {
   for (const std::size_t size : {1UL, 4095UL, 4096UL, (2UL << 20) - 1, 2UL << 20, 5'000'001UL}) {
     const std::string bytes = randomBytes(size, 3);
     EXPECT_TRUE(Loaded(dir.write("file", bytes)).bytes() == bytes) << size;
+    std::string contents = "previous";
+    EXPECT_EQ(xReadWholeFile2((dir / "file").c_str(), contents), 0);
+    EXPECT_TRUE(contents == bytes && xReadWholeFile((dir / "file").c_str()) == bytes) << size;
   }
   EXPECT_EQ(Loaded(dir.write("zeros", std::string(3, '\0'))).bytes(), std::string(3, '\0'));
 }
@@ -42,6 +45,9 @@ TEST(Loading, OfAMissingFileLeavesTheBuffer) {
 TEST(Loading, OfAnEmptyFileGivesLengthZero) {
   const ScratchDir dir;
   EXPECT_EQ(Loaded(dir.write("empty", "")).length, 0U);
+  std::string contents = "previous";
+  EXPECT_EQ(xReadWholeFile2((dir / "empty").c_str(), contents), 0);
+  EXPECT_EQ(contents, "");
 }
 
 TEST(Loading, OfWhatHasNoSizeGivesNoBytes) {
@@ -50,7 +56,11 @@ TEST(Loading, OfWhatHasNoSizeGivesNoBytes) {
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   std::FILE* bothEnds = std::fopen(pipe.c_str(), "r+");  // opening it for reading need not wait
   ASSERT_NE(bothEnds, nullptr);
-  for (const std::string& path : {pipe, dir.path()}) {
+  for (const std::string& path : {pipe, dir.path(), dir / "missing"}) {
+    std::string contents = "previous";
+    EXPECT_EQ(xReadWholeFile2(path.c_str(), contents), -20050) << path;
+    EXPECT_EQ(contents + xReadWholeFile(path.c_str()), "previous") << path;
+    if (path == dir / "missing") continue;
     const Loaded loaded(path);
     EXPECT_EQ(loaded.buffer, nullptr) << path;
     EXPECT_EQ(loaded.length, UINT64_MAX) << path;
@@ -69,6 +79,11 @@ TEST(Loading, FillsWhatCannotBeReadWithZeros) {
   const std::size_t end = bytes.find('\0');
   ASSERT_NE(end, std::string::npos);
   EXPECT_EQ(bytes.substr(end), std::string(bytes.size() - end, '\0'));
+
+  EXPECT_EQ(xReadWholeFile(path.c_str()), bytes);
+  std::string contents(end + 1, 'x');
+  EXPECT_EQ(xReadWholeFile2(path.c_str(), contents), 0);
+  EXPECT_EQ(contents, bytes.substr(0, end) + 'x' + bytes.substr(end + 1));
 }
 
 #ifndef __SANITIZE_ADDRESS__  // its allocator ends the program instead
