@@ -12,3 +12,5 @@
 #include "Brindle/utility/stringConversion.h"  // IWYU pragma: export
 #include "Brindle/utility/stringTools.h"       // IWYU pragma: export
 #include "Brindle/utility/timing.h"            // IWYU pragma: export
+#include "Brindle/utility/imageBuffer.h"  // IWYU pragma: export
+#include "Brindle/utility/mask.h"  // IWYU pragma: export

@@ -1,0 +1,115 @@
+// Copying, flipping and swapping images of 3 bytes a pixel: against pixel loops where the work is
+// in the pixels, against one memcpy of the whole image where it is in moving bytes.
+#include "Brindle/utility/imageBuffer.h"
+
+#include <cstring>
+
+#include "ratio.h"
+#include "reference/PlainPixels.h"
+#include "support/Pixels.h"
+
+namespace {
+
+struct Size {
+  const char* name;
+  int width, height;
+};
+
+/// A call that writes an image from another one and returns the image that it wrote.
+template <class Write>
+auto writer(Size size, Write write) {
+  const Bytes source = Random().bytes(size.width * size.height * 3);
+  return
+      [write, source = source, target = Bytes(source.rbegin(), source.rend())]() mutable -> Bytes& {
+        write(source.data(), target.data());
+        return target;
+      };
+}
+
+template <class Fast, class Plain>
+void compare(const char* job, Size size, Fast fast, Plain plain) {
+  bench::pair(std::string(job) + "/" + size.name, fast, plain,
+              [=]() mutable { return fast() == plain(); });
+}
+
+void copying(Size size, const char* job, Bytes mask) {
+  const int stride = size.width * 3;
+  const auto fast = writer(size, [=](unsigned char* from, unsigned char* to) mutable {
+    copyImageAnywhere(from, size.width, size.height, stride, 3, 0, 0, size.width, size.height, to,
+                      size.width, size.height, stride, 0, 0, false,
+                      mask.empty() ? nullptr : mask.data(), size.width);
+  });
+  const auto plain = writer(size, [=](unsigned char* from, unsigned char* to) {
+    if (mask.empty()) {
+      std::memcpy(to, from, static_cast<std::size_t>(stride * size.height));
+      return;
+    }
+    for (std::size_t i = 0; i < mask.size(); ++i) {
+      if (mask[i] != 0) std::memcpy(to + 3 * i, from + 3 * i, 3);
+    }
+  });
+  compare(job, size, fast, plain);
+}
+
+void flipping(Size size) {
+  const int rowBytes = size.width * 3;
+  const int length = rowBytes * size.height;
+  const auto flip = [=](unsigned char* from, unsigned char* to) {
+    xImageUpsideDown(from, size.height, rowBytes, length, to);
+  };
+  const auto flipInPlace = [=](unsigned char*, unsigned char* image) { flip(image, image); };
+  const auto copy = [=](unsigned char* from, unsigned char* to) {
+    std::memcpy(to, from, static_cast<std::size_t>(length));
+  };
+  auto fast = writer(size, flip);
+  auto plain = writer(size, copy);
+  const auto isFlipped = [=]() mutable {
+    const Bytes& flipped = fast();
+    const Bytes& source = plain();
+    bool isEqual = true;
+    for (int row = 0; row < length; row += rowBytes) {
+      isEqual &= std::equal(flipped.begin() + row, flipped.begin() + row + rowBytes,
+                            source.end() - row - rowBytes);
+    }
+    return isEqual;
+  };
+  const std::string name = std::string("/") + size.name;
+  bench::pair("xImageUpsideDown over memcpy" + name, fast, plain, isFlipped);
+  bench::pair("xImageUpsideDown in place over memcpy" + name, writer(size, flipInPlace), plain,
+              isFlipped);
+}
+
+void swapping(Size size) {
+  const int stride = size.width * 3;
+  const auto fast = [=](unsigned char* from, unsigned char* to) {
+    xSwapImageDataOrder(from, size.width, size.height, stride, stride * size.height, to);
+  };
+  const auto plain = [=](unsigned char* from, unsigned char* to) {
+    plainSwap(from, size.width, size.height, stride, to);
+  };
+  const auto inPlace = [](auto swap) {
+    return [=](unsigned char*, unsigned char* image) { swap(image, image); };
+  };
+  compare("xSwapImageDataOrder", size, writer(size, fast), writer(size, plain));
+  compare("xSwapImageDataOrder in place", size, writer(size, inPlace(fast)),
+          writer(size, inPlace(plain)));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  for (const Size size : {Size{"1024x1024", 1024, 1024}, Size{"1920x1080", 1920, 1080}}) {
+    const int pixels = size.width * size.height;
+    Bytes blocks(static_cast<std::size_t>(pixels));
+    for (int i = 0; i < pixels; ++i) {
+      blocks[static_cast<std::size_t>(i)] = (i % size.width / 200 + i / size.width / 200) % 2 != 0;
+    }
+    copying(size, "copyImageAnywhere over memcpy", {});
+    copying(size, "copyImageAnywhere, random mask", Random().bytes(pixels, 2));
+    copying(size, "copyImageAnywhere, mask of blocks", blocks);
+    flipping(size);
+    swapping(size);
+  }
+  benchmark::RunSpecifiedBenchmarks();
+}
