@@ -4,6 +4,8 @@
 #include "Brindle/utility/colourDifference.h"  // IWYU pragma: export
 #include "Brindle/utility/colourSpace.h"       // IWYU pragma: export
 #include "Brindle/utility/console.h"           // IWYU pragma: export
+#include "Brindle/utility/imageBuffer.h"       // IWYU pragma: export
+#include "Brindle/utility/mask.h"              // IWYU pragma: export
 #include "Brindle/utility/matrix.h"            // IWYU pragma: export
 #include "Brindle/utility/polygon.h"           
 #include "Brindle/utility/polyline.h"          
@@ -12,5 +14,3 @@
 #include "Brindle/utility/stringConversion.h"  // IWYU pragma: export
 #include "Brindle/utility/stringTools.h"       // IWYU pragma: export
 #include "Brindle/utility/timing.h"            // IWYU pragma: export
-#include "Brindle/utility/imageBuffer.h"  // IWYU pragma: export
-#include "Brindle/utility/mask.h"  // IWYU pragma: export
