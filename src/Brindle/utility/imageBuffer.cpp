@@ -11,16 +11,8 @@
 #include <iterator>
 #include <utility>
 
+#include "Brindle/processorHas.h"
 #include "Brindle/utility/formattedError.h"
-
-// libgcc's feature test is slow at start-up in virtual machines; glibc knows the answers, but clang
-// does not take its header.
-#if __has_include(<sys/platform/x86.h>) && !defined(__clang__)
-#include <sys/platform/x86.h>
-#define PROCESSOR_SHUFFLES_BYTES() CPU_FEATURE_ACTIVE(SSSE3)
-#else
-#define PROCESSOR_SHUFFLES_BYTES() __builtin_cpu_supports("ssse3")
-#endif
 
 namespace {
 
@@ -282,7 +274,7 @@ int xSwapImageDataOrder(const unsigned char* source, int width, int height, int 
     if (copies) std::memcpy(target, source, static_cast<std::size_t>(length));
     return 0;
   }
-  const auto swapRow = PROCESSOR_SHUFFLES_BYTES() ? swapPixelsShuffled : swapPixels;
+  const auto swapRow = PROCESSOR_HAS(SSSE3, "ssse3") ? swapPixelsShuffled : swapPixels;
   const unsigned char* const pixels = copies ? source : target;
   for (std::int64_t r = 0; r < height; ++r) {
     const std::int64_t row = r * stride;
