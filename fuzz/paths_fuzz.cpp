@@ -1,5 +1,6 @@
-// The path functions, held against the library's tokenizer and against replacing pair by pair.
-// Input: a path.
+// Every path function, held against the library's tokenizer, against replacing pair by pair, and
+// against plain searches. Input: a path.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -54,6 +55,51 @@ void checkSplit(const std::basic_string<Char>& path) {
   std::free(component);
 }
 
+/// Checks the parts that the flags keep.
+template <class Char>
+void checkParts(const std::basic_string<Char>& path) {
+  std::size_t name = path.size();
+  while (name > 0 && path[name - 1] != Char{'/'} && path[name - 1] != Char{'\\'}) --name;
+  for (const bool keepFolder : {false, true}) {
+    const auto kept = keepFolder ? path : path.substr(name);
+    require(xGetFileNameFolderPath(path, keepFolder, true, false) == kept);
+    require(xGetFileNameFolderPath(path, keepFolder, false, false) == xDeleteExtension(kept));
+  }
+}
+
+/// Checks `path` against extensions, and releases `token`, what it is to end in; null for a path
+/// that is refused.
+template <class Char>
+void checkMatch(const std::basic_string<Char>& path, Char* token) {
+  const bool isWhole = token != nullptr && path == token;
+  const bool isEmpty = token != nullptr && *token == Char{};
+  const auto matches = [&](const std::basic_string<Char>& ext) {
+    return xCheckFileExtension(path.c_str(), ext.c_str());
+  };
+  require(matches({}) == (isWhole || isEmpty));
+  require(matches(path) == isWhole);
+  require(!matches(path + Char{'x'}));
+  require(token == nullptr || matches(token));
+  std::free(token);
+}
+
+void checkBackward(const std::string& path) {
+  std::string plain = path;
+  std::replace(plain.begin(), plain.end(), '/', '\\');
+  require(forwardSlashToBackward(path) == plain);
+  require(forwardSlashToBackward(widened(path)) == widened(plain));
+}
+
+/// ASCII needs no conversion, and no room but its own.
+void checkNarrowUniform(const std::string& path) {
+  const std::wstring wide = widened(path.c_str());
+  require(xIsPathAbsolute(path) == (wide[0] == L'/'));
+  require(xIsPathAbsolute(wide) == (wide[0] == L'/'));
+  if (std::any_of(wide.begin(), wide.end(), [](wchar_t c) { return c < 0 || c > 0x7F; })) return;
+  require(widened(xUniformFilePath(path)) == xUniformFilePath(wide));
+  require(widened(xFixFolderPath(path)) == xFixFolderPath(wide));
+}
+
 void checkUniform(const std::wstring& path) {
   std::wstring plain = path;
   for (wchar_t& c : plain) c = c == L'\\' ? L'/' : c;
@@ -74,6 +120,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   checkToken(path, "/\\", xGetFileNameExtension(path.c_str()), xGetFileNameExtension(wide.c_str()));
   checkSplit(path);
   checkSplit(wide);
+  checkParts(bytes);
+  checkParts(widened(bytes));
+  checkMatch(path, xGetFileExtension(path.c_str()));
+  checkMatch(wide, xGetFileNameExtension(wide.c_str()));
+  checkBackward(bytes);
+  checkNarrowUniform(bytes);
   checkUniform(widened(bytes));
   require(xDeleteExtension(bytes) + xGetFileExtension(bytes, true) == bytes);
   require(xUniformFilePath(bytes).size() <= bytes.size());

@@ -1,4 +1,5 @@
-// File-system tools: every room of XFileTool/.
+/// @file
+/// File-system tools: every room of XFileTool/.
 #pragma once
 
 #include "Brindle/XFileTool/directories.h"  // IWYU pragma: export

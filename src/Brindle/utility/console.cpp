@@ -39,9 +39,11 @@ int displayConsoleProgressBar(int percent, char* text, bool overwrite, int width
 
   const std::int64_t textLength = text == nullptr ? 0 : std::int64_t(std::strlen(text)) + 1;
   const int length = wrapped(textLength + width + kFrameLength);
-  const int excess = wrapped(std::int64_t{previousStrLen} - length);
-  printRepeated(' ', excess);
-  printRepeated('\b', excess);
+  if (length < previousStrLen) {
+    const int excess = wrapped(std::int64_t{previousStrLen} - length);
+    printRepeated(' ', excess);
+    printRepeated('\b', excess);
+  }
   previousStrLen = length;
   std::fflush(stdout);
   return percent;

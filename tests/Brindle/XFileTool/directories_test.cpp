@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "Brindle/BrindleErrcode.h"
+#include "support/KnownLocales.h"
 #include "support/ScratchDir.h"
 
 namespace {
@@ -56,18 +57,27 @@ TEST_F(Directories, Exist) {
     EXPECT_EQ(xIsDirExist(path) + xIsDirExist(wide), 2 * answer) << path;
   };
   for (const char* path : {"/", "a \"b\"\n'c'", "link", "link/"}) expectAnswer(path, true);
+  expectAnswer(std::string("link\0x", 6), true);
   for (const char* path : {"", "dangling", "missing", "file", "file/"}) expectAnswer(path, false);
   EXPECT_FALSE(xIsDirExist(static_cast<const char*>(nullptr)));
   EXPECT_FALSE(xIsDirExist(static_cast<const wchar_t*>(nullptr)));
-  EXPECT_EQ(outcome([] { return xIsDirExist(L"/\u4e2d"); }), std::pair(0, kUnconverted));
-  std::setlocale(LC_ALL, "C.UTF-8");
+  EXPECT_EQ(outcome([] { return xIsDirExist(L"/\xdc00"); }), std::pair(0, kUnconverted));
+}
+
+TEST_F(Directories, OfPathsThatAreConvertedSetTheLocale) {
+  const KnownLocales known;
+  if (!known.areUsable()) GTEST_SKIP() << "needs /usr/lib/locale/C.utf8";
+  const auto remove = [] { return xDeleteDir(std::string()), 0; };
+  EXPECT_EQ(localeAfter([] { xIsDirExist(L""); }), "chinese");
+  EXPECT_EQ(localeAfter([] { xCreateNestedDir(std::wstring(L"/"), 0); }), "chinese");
+  EXPECT_EQ(localeAfter([&] { outcome(remove); }), "chinese");
   fs::create_directory("\u4e2d");
   EXPECT_TRUE(xIsDirExist(L"\u4e2d"));        // three bytes, which is all the room there is
   EXPECT_TRUE(xIsDirExist(L"\u4e2d\u6587"));  // cut after the first character
 }
 
 TEST_F(Directories, AreCreatedOneAtATime) {
-  const mode_t mask = umask(002);
+  const mode_t mask = umask(0);
   const auto expectCode = [](const char* path, int code, const std::string& printed = "") {
     EXPECT_EQ(outcome([&] { return xCreateDir(path, 0700); }), std::pair(code, printed));
   };
@@ -78,7 +88,10 @@ TEST_F(Directories, AreCreatedOneAtATime) {
   expectCode("file/y", kNotReady, failure("file/y", ENOTDIR));
   expectCode("x/y", kNotReady, failure("x/y", ENOENT));
   expectCode(nullptr, kNotReady, failure("", ENOENT));
-  EXPECT_EQ(static_cast<int>(fs::status("new").permissions()) & 0777, 0775);
+  umask(027);
+  expectCode("masked", kCreated);
+  EXPECT_EQ(fs::status("new").permissions(), fs::perms{0775});
+  EXPECT_EQ(fs::status("masked").permissions(), fs::perms{0750});
   EXPECT_TRUE(fs::is_directory("a 'b'\n\"c\""));
   umask(mask);
 }
@@ -98,8 +111,18 @@ TEST_F(Directories, AreCreatedWithTheirParents) {
   for (int i = 0; i < 2; ++i) expectFolder(dir / "a/b 'c'\n/d/", true, "", "a/b 'c'\n/d", "solo");
   expectFolder("./w/x\\y", true, "", "w/x\\y", "w/x");
   expectFolder("./file/a", false, failure("./file/a", ENOTDIR), "w/x\\", "solo");
-  EXPECT_THROW(xCreateNestedDir(std::string(), 0), std::out_of_range);
-  EXPECT_THROW(xCreateNestedDir(std::wstring(), 0), std::out_of_range);
+  const auto expectThrow = [](const auto& empty) {
+    try {
+      xCreateNestedDir(empty, 0);
+      ADD_FAILURE();
+    } catch (const std::out_of_range& error) {
+      EXPECT_STREQ(error.what(),
+                   "basic_string::at: __n (which is 18446744073709551615) >= this->size() (which "
+                   "is 0)");
+    }
+  };
+  expectThrow(std::string());
+  expectThrow(std::wstring());
 }
 
 TEST_F(Directories, OfWidePathsAreNeitherCreatedNorDeleted) {
@@ -109,6 +132,7 @@ TEST_F(Directories, OfWidePathsAreNeitherCreatedNorDeleted) {
   EXPECT_EQ(nested(L"./a/b"), std::pair(1, std::string()));
   EXPECT_EQ(nested(L"a\\"), std::pair(1, kNoCreate));
   EXPECT_EQ(nested(L"a/b/c"), std::pair(1, kNoCreate));
+  EXPECT_EQ(nested(L"\xdc00/a"), std::pair(1, kUnconverted + kUnconverted + kNoCreate));
   EXPECT_EQ(outcome([] { return xCreateDir(L"a", 0); }), std::pair(kNotReady, kNoCreate));
   EXPECT_FALSE(fs::exists("a"));
 

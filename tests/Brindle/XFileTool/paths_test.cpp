@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <vector>
 
 #include "Brindle/BrindleErrcode.h"
+#include "support/KnownLocales.h"
 
 namespace {
 
@@ -80,6 +80,7 @@ TEST(Paths, AreSplitIntoThePartsAskedFor) {
   for (int flags = 0; flags < 8; ++flags) expectParts(path, flags, parts[flags]);
   expectParts("r1.2/file", 4, "r1");
   expectParts("a.b\\c\\", 0, "");
+  expectParts(std::string("a/b\0c/d", 7), 1, "a/");
   expectParts("/" + std::string(258, 'n'), 1, "/");
   expectParts("/" + std::string(259, 'n'), 1, "");
 }
@@ -94,6 +95,7 @@ TEST(Paths, AreRefusedWithCodesThatMove) {
   EXPECT_STREQ(out, "untouched");
   EXPECT_EQ(xGetFileNameFolderPath((longest + "/x").c_str(), nullptr, out), 0);
   EXPECT_EQ(out, longest + "/");
+  EXPECT_EQ(xGetFileNameFolderPath("a/b", nullptr, nullptr), 0);
   EXPECT_FALSE(xGetFileExtension(null) || xGetFileNameExtension(null));
   EXPECT_FALSE(xCheckFileExtension(null, "") || xCheckFileExtension("", null));
   EXPECT_FALSE(xCheckFileExtension((longest + "n.x").c_str(), "x"));
@@ -115,19 +117,30 @@ TEST(ExtensionCheck, IsOfTheExtensionWhenNarrowAndOfTheNameWhenWide) {
   expectMatch("", "x", false, false);
 }
 
-TEST(NarrowPaths, AreConvertedInALocaleThatStays) {
-  const auto localeAfter = [](const auto& call) {
-    std::setlocale(LC_ALL, "C.UTF-8");
-    call();
-    return std::string(std::setlocale(LC_ALL, nullptr));
+TEST(NarrowPaths, AreConvertedAndCutInALocaleThatStays) {
+  const KnownLocales known;
+  if (!known.areUsable()) GTEST_SKIP() << "needs /usr/lib/locale/C.utf8";
+  EXPECT_EQ(localeAfter([] { xIsPathAbsolute(std::string()); }), "chinese");
+  EXPECT_EQ(localeAfter([] { xFixFolderPath(std::string()); }), "en_US.UTF-8");
+  EXPECT_EQ(localeAfter([] { xUniformFilePath(std::string()); }), "en_US.UTF-8");
+  const struct {
+    std::string path, uniform, fixed;
+  } cuts[] = {
+      {"\u4e2d\u6587", "\u4e2d", "\u4e2d\u6587/"},  // room for 5 bytes, for 7 with the slash
+      {"\u4e2d\u6587\u4e2d", "\u4e2d\u6587", "\u4e2d\u6587\u4e2d"},  // for 7, for 9
+      {"\u00e4\xff/b", "\u00e4", "\u00e4/"},
+      {"\xff/tmp", "", ""},
+      {std::string("a\0b", 3), "a", "a/"},
   };
-  const std::string chinese = localeAfter([] { std::setlocale(LC_ALL, "chinese"); });
-  const std::string american = localeAfter([] { std::setlocale(LC_ALL, "en_US.UTF-8"); });
-  EXPECT_EQ(localeAfter([] { xIsPathAbsolute(std::string()); }), chinese);
-  EXPECT_EQ(localeAfter([] { xFixFolderPath(std::string()); }), american);
-  EXPECT_EQ(localeAfter([] { xUniformFilePath(std::string()); }), american);
-  EXPECT_EQ(xUniformFilePath(std::string("\u4e2d\u6587")), "\u4e2d");  // 5 bytes for both
-  EXPECT_EQ(xFixFolderPath(std::string("\u00e4\xff/b")), "\u00e4/");
+  for (const auto& cut : cuts) {
+    EXPECT_EQ(xUniformFilePath(cut.path), cut.uniform) << cut.path;
+    EXPECT_EQ(xFixFolderPath(cut.path), cut.fixed) << cut.path;
+  }
+}
+
+TEST(WidePaths, KeepZeros) {
+  EXPECT_EQ(xUniformFilePath(std::wstring(L"a\0\\", 3)), std::wstring(L"a\0/", 3));
+  EXPECT_EQ(xFixFolderPath(std::wstring(L"a\0", 2)), std::wstring(L"a\0/", 3));
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST(ProgressBar, IsDrawnOverTheLastOne) {
       {50, nullptr, true, -4, 50, repeat(9, '\b') + "|| [ 50%]" + "    \b\b\b\b"},
       {1, nullptr, true, 1, 1, repeat(5, '\b') + "| | [  1%]"},
       {0, nullptr, false, -2147483647, 0, "|| [  0%]"},  // its length is below any later one's
-      {0, nullptr, false, 1, 0, "| | [  0%]"},
+      {0, nullptr, false, 20, 0, "|" + repeat(20, ' ') + "| [  0%]"},
   };
   for (const auto& line : lines) {
     const Drawn drawn = draw(line.percent, line.text, line.overwrite, line.width);
