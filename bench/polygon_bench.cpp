@@ -30,7 +30,7 @@ std::vector<double> ring(int n, double inner, unsigned int seed) {
 
 /// The number of 64 points inside, over which the time is taken.
 template <class Inside>
-int insideCount(Inside inside, std::vector<double> poly) {
+int insideCount(Inside inside, std::vector<double>& poly) {
   int count = 0;
   for (int i = 0; i < 64; ++i) {
     double p[] = {i % 8 * 0.25 - 0.875, i / 8 * 0.25 - 0.875};
@@ -45,9 +45,12 @@ void pointInPolygon(const std::string& name, const std::vector<double>& poly) {
     const auto plainTest = [byWinding](double* vertices, int n, double* p) {
       return plainPointInPolygon(vertices, n, p, byWinding);
     };
-    const auto fast = [=] { return insideCount(fastTest, poly); };
-    const auto plain = [=] { return insideCount(plainTest, poly); };
-    bench::pair(function + name, fast, plain, [=] { return fast() == plain(); });
+    const auto run = [&](auto test) {
+      return [=, vertices = poly]() mutable { return insideCount(test, vertices); };
+    };
+    auto fast = run(fastTest);
+    auto plain = run(plainTest);
+    bench::pair(function + name, fast, plain, [=]() mutable { return fast() == plain(); });
   };
   compare("pointInPolygon2DCrossingNumber/", false, pointInPolygon2DCrossingNumber);
   compare("pointInPolygon2DWindingNumber/", true, pointInPolygon2DWindingNumber);

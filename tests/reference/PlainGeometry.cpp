@@ -15,6 +15,24 @@ bool isZero(double value) {
   return -9.999999974752427e-7 <= value && value <= 9.999999974752427e-7;
 }
 
+void smooth(std::vector<Point2Df>& points, int radius, int iterations, bool squared) {
+  const int n = static_cast<int>(points.size());
+  for (int pass = 0; pass < iterations; ++pass) {
+    const std::vector<Point2Df> from = points;
+    for (int i = 1; i < n - 1; ++i) {
+      float sum = 0.0F, sumX = 0.0F, sumY = 0.0F;
+      for (int j = i - radius; j <= i + radius && j >= 0 && j < n; ++j) {
+        const float height = static_cast<float>(radius + 1 - std::abs(j - i));
+        const float weight = squared ? height * height : height;
+        sum += weight;
+        sumX += weight * from[static_cast<std::size_t>(j)].x;
+        sumY += weight * from[static_cast<std::size_t>(j)].y;
+      }
+      if (!isZero(sum)) points[static_cast<std::size_t>(i)] = {sumX / sum, sumY / sum};
+    }
+  }
+}
+
 }  // namespace
 
 bool plainPointInPolygon(double* poly, int n, double* p, bool byWinding) {
@@ -91,24 +109,11 @@ int plainHull(int* points, int n, int* hull, bool& wasCut) {
 
 std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool normalize,
                                       int radius, int iterations) {
-  const int n = static_cast<int>(points.size());
   std::vector<float> angles(points.size(), 0.0F);
-  if (n < 2) return angles;
+  if (points.size() < 2) return angles;
   std::vector<Point2Df> smoothed = points, d(points.size());
   std::vector<float> length(points.size());
-  for (int pass = 0; pass < iterations; ++pass) {
-    const std::vector<Point2Df> from = smoothed;
-    for (int i = 1; i < n - 1; ++i) {
-      float sum = 0.0F, sumX = 0.0F, sumY = 0.0F;
-      for (int j = i - radius; j <= i + radius && j >= 0 && j < n; ++j) {
-        const float height = static_cast<float>(radius + 1 - std::abs(j - i));
-        sum += height * height;
-        sumX += height * height * from[static_cast<std::size_t>(j)].x;
-        sumY += height * height * from[static_cast<std::size_t>(j)].y;
-      }
-      if (!isZero(sum)) smoothed[static_cast<std::size_t>(i)] = {sumX / sum, sumY / sum};
-    }
-  }
+  smooth(smoothed, radius, iterations, true);
   for (std::size_t i = 0; i < d.size(); ++i) {
     const std::size_t from = std::min(i, d.size() - 2);
     d[i] = {smoothed[from + 1].x - smoothed[from].x, smoothed[from + 1].y - smoothed[from].y};
@@ -123,4 +128,20 @@ std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool 
     if (normalize) angles[i] = angles[i] / (length[p] * length[i] + 1e-6F);
   }
   return angles;
+}
+
+std::vector<float> plainPolylineCurvature(const std::vector<Point2Df>& points, int radius,
+                                          int iterations) {
+  std::vector<float> curvature(points.size(), 0.0F);
+  if (points.size() < 3) return curvature;
+  std::vector<Point2Df> a = points, d1(points.size()), d2(points.size());
+  smooth(a, radius, iterations, false);
+  for (std::size_t i = 1; i < a.size(); ++i) {
+    d1[i] = {a[i].x - a[i - 1].x, a[i].y - a[i - 1].y};
+    d2[i] = {d1[i].x - d1[i - 1].x, d1[i].y - d1[i - 1].y};
+    const float s = d1[i].x * d1[i].x + d1[i].y * d1[i].y;
+    const float q = std::sqrt(s * s * s);
+    if (!isZero(q)) curvature[i] = (d1[i].x * d2[i].y - d1[i].y * d2[i].x) / q;
+  }
+  return curvature;
 }

@@ -57,14 +57,15 @@ std::optional<Point> crossingOf(const Edge& a, const Edge& b) {
   const double cross = a.direction.y * b.direction.x - a.direction.x * b.direction.y;
   const double crossA = b.direction.x * between.y - b.direction.y * between.x;
   const double crossB = a.direction.x * between.y - a.direction.y * between.x;
-  // Nearly all pairs end here, without a division: their quotients are not below 1.
+  // Nearly all pairs end here, without a division: their quotients lie outside (-1, 1) or are no
+  // numbers. Those of the others do not round to 1.
   const double limit = std::abs(cross);
   if (!(std::abs(crossA) < limit) || !(std::abs(crossB) < limit)) return std::nullopt;
   if (brindle::detail::isNearZero(cross)) return std::nullopt;
 
   const double alongA = crossA / cross;
   const double alongB = crossB / cross;
-  if (!(0.0 <= alongA && alongA < 1.0 && 0.0 <= alongB && alongB < 1.0)) return std::nullopt;
+  if (alongA < 0.0 || alongB < 0.0) return std::nullopt;
   return Point{a.start.x + a.direction.x * alongA, a.start.y + a.direction.y * alongA};
 }
 
@@ -196,15 +197,13 @@ bool boxboxIntersect2DInt(int left1, int left2, int right1, int right2, int top1
 int boxSphereIntersect(double* boxMin, double* boxMax, double* center, double radiusSq, int dim) {
   bool isInside = true;
   double lastNear = 0.0;
-  double nearSum = 0.0;     // of the squared distances to the nearer side in each dimension
-  double farSum = 0.0;      // the same for the farther side
+  double farSum = 0.0;      // the squared distance to the farthest corner
   double outsideSum = 0.0;  // the squared distance to the box
   for (int i = 0; i < dim; ++i) {
     const double toMax = (center[i] - boxMax[i]) * (center[i] - boxMax[i]);
     const double toMin = (center[i] - boxMin[i]) * (center[i] - boxMin[i]);
     isInside = isInside && boxMin[i] < center[i] && center[i] < boxMax[i];
     lastNear = std::min(toMax, toMin);
-    nearSum += lastNear;
     farSum += std::max(toMax, toMin);
     if (center[i] <= boxMin[i]) {
       outsideSum += toMin;
@@ -214,7 +213,7 @@ int boxSphereIntersect(double* boxMin, double* boxMax, double* center, double ra
   }
   if (isInside) {
     if (lastNear >= radiusSq) return 3;
-    return radiusSq >= nearSum && radiusSq >= farSum ? 2 : 1;
+    return radiusSq >= farSum ? 2 : 1;
   }
   if (radiusSq < outsideSum) return 0;
   return farSum >= radiusSq ? 2 : 1;

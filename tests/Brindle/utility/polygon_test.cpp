@@ -22,6 +22,7 @@ struct Shape : Doubles {
   int n() const { return static_cast<int>(size() / 2); }
 };
 const Shape kSquare = {0, 0, 1, 0, 1, 1, 0, 1};
+const Shape kPentagram = {0, 10, 6, -8, -9, 3, 9, 3, -6, -8};  // winds twice around its middle
 
 TEST(Turn, WrapsAroundIn32BitsForIntegersOnly) {
   int p[] = {INT_MIN, 0, INT_MAX, 0, 5, 7};
@@ -96,7 +97,7 @@ TEST(PointInPolygon, TellsSidesAndWindings) {
       for (const double x : {0.0, .5, 1.0}) square += isInside(kSquare, {x, y}) ? 'i' : 'o';
     }
     EXPECT_EQ(square, "oiioiiooo") << method;
-    EXPECT_EQ(isInside({0, 10, 6, -8, -9, 3, 9, 3, -6, -8}, {0, 0}), method != 0) << "pentagram";
+    EXPECT_EQ(isInside(kPentagram, {0, 0}), method != 0);
     EXPECT_FALSE(isInside({}, {0, 0}));
   }
   EXPECT_FALSE(pointInPolygon2DCrossingNumber(nullptr, 4, kSquare));
@@ -112,6 +113,8 @@ TEST(Containment, TestsVerticesOnly) {
   const std::vector<int> codes = {code(inner, outer), code(outer, inner), code(bar, outer),
                                   code(none, outer),  code(outer, none),  code(none, none)};
   EXPECT_EQ(codes, (std::vector{1, 2, 0, 1, 2, 0}));
+  EXPECT_EQ(code({0, 0, 1, 0, 0, 1}, kPentagram), 1);
+  EXPECT_TRUE(lineSegmentInsideConvexHull(Shape{0, 0}, Shape{1, 0}, kPentagram, 5));
   EXPECT_TRUE(lineSegmentInsideConvexHull(in, in, outer, 4));
   EXPECT_FALSE(lineSegmentInsideConvexHull(in, out, outer, 4));
   EXPECT_FALSE(lineSegmentInsideConvexHull(out, nullptr, outer, 4));

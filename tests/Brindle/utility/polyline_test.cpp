@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <climits>
 #include <cmath>
@@ -49,11 +50,11 @@ TEST(Polyline, KeepsEveryBitOfSinglePrecision) {
                                              0x3ee33387, 0x3e3ab918, 0x3dd358cd}));
 }
 
-TEST(Polyline, AnglesAgreeWithThePlainFormBitForBit) {
+TEST(Polyline, AgreesWithThePlainFormsBitForBit) {
   std::mt19937 engine(5);
   for (int round = 0; round < 4000; ++round) {
     Points points(engine() % 80);
-    std::normal_distribution<float> step(0.0F, round % 5 == 0 ? 1e-6F : 2.0F);
+    std::normal_distribution<float> step(0.0F, std::array{1e-6F, 1e-2F, 2.0F, 2.0F}[engine() % 4]);
     for (std::size_t i = 1; i < points.size(); ++i) {
       points[i] = points[i - 1];
       if (engine() % 8 != 0) points[i] = {points[i].x + step(engine), points[i].y + step(engine)};
@@ -63,6 +64,9 @@ TEST(Polyline, AnglesAgreeWithThePlainFormBitForBit) {
     EXPECT_EQ(anglesOf(points, round % 3 == 0, radius, iterations),
               bitsOf(plainPolylineAngle(points, round % 3 == 0, radius, iterations)))
         << round;
+    EXPECT_EQ(curvatureOf(points, radius, iterations),
+              bitsOf(plainPolylineCurvature(points, radius, iterations)))
+        << round;
   }
 }
 
@@ -71,7 +75,7 @@ TEST(Polyline, ShortOnesHaveFixedValues) {
   EXPECT_EQ(anglesOf({}, true, 1, 1), Bits());
   EXPECT_EQ(anglesOf({{7, 7}}, true, 1, 1), Bits{0});
   EXPECT_EQ(anglesOf({{0, 0}, {0, 1}}, false, INT_MAX, INT_MAX), (Bits{pi, pi}));
-  EXPECT_EQ(curvatureOf({{0, 0}, {0, 1}}, 1, 1), (Bits{0, 0}));
+  EXPECT_EQ(curvatureOf({{0, 0}, {1e20F, 1e20F}}, 1, 1), (Bits{0, 0}));
 }
 
 TEST(Polyline, RefusesNegativeParameters) {
