@@ -1,0 +1,21 @@
+// Environment variables as lists: joined by colons they are the value again.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "Brindle/XFileTool/process.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  constexpr char kName[] = "VORQUELL_FUZZ";
+  const std::string value = std::string(data, data + size).c_str();  // up to its first zero
+  setenv(kName, value.c_str(), 1);
+  const std::vector<std::string> elements = xGetEnvVariable(kName);
+  const auto colons = std::count(value.begin(), value.end(), ':');
+  if (elements.size() != static_cast<std::size_t>(colons) + 1) std::abort();
+  std::string joined = elements.front();
+  for (std::size_t i = 1; i < elements.size(); ++i) joined += ':' + elements[i];
+  if (joined != value) std::abort();
+  return 0;
+}
