@@ -47,8 +47,8 @@ void copyPixelByPixel(const unsigned char* mask, const unsigned char* from, unsi
   }
 }
 
-/// The same for a row that does not overlap its target, eight pixels at a time without a branch:
-/// mask bytes that come as they like make a branch for each pixel ten times as slow.
+/// The same for a target that overlaps neither its row nor its mask, eight pixels at a time without
+/// a branch: mask bytes that come as they like make a branch for each pixel ten times as slow.
 template <std::size_t kPixelBytes>
 void copySelected(const unsigned char* mask, const unsigned char* from, unsigned char* to,
                   std::size_t pixels) {
@@ -73,7 +73,8 @@ void copySelected(const unsigned char* mask, const unsigned char* from, unsigned
 void copyMaskedRow(const unsigned char* mask, const unsigned char* from, unsigned char* to,
                    std::size_t pixels, std::size_t pixelBytes) {
   const std::size_t bytes = pixels * pixelBytes;
-  const bool overlaps = from < to + bytes && to < from + bytes;
+  const bool overlaps =
+      (from < to + bytes && to < from + bytes) || (mask < to + bytes && to < mask + pixels);
   if (!overlaps && pixelBytes == 1) return copySelected<1>(mask, from, to, pixels);
   if (!overlaps && pixelBytes == 3) return copySelected<3>(mask, from, to, pixels);
   if (!overlaps && pixelBytes == 4) return copySelected<4>(mask, from, to, pixels);
@@ -216,7 +217,10 @@ bool copyImageAnywhere(unsigned char* source, int sourceWidth, int sourceHeight,
   const Columns columns = clipColumns(x, regionWidth, sourceWidth, destinationX, destinationWidth);
   if (begin >= end || columns.isEmpty()) return true;
 
-  // Guards of what follows: no arguments are known to get here with such columns.
+  // Neither guard is ever tripped. sourceFirst - destinationFirst and sourceLast - destinationLast
+  // both start as x - destinationX, and each step of the clipping changes both of a pair alike. In
+  // the source, the first column starts at 0 or above and only grows, the last one starts below the
+  // width and only shrinks; columns that are not empty have destinationFirst <= destinationLast.
   if (columns.sourceLast >= sourceWidth || columns.sourceFirst < 0 ||
       columns.destinationFirst >= destinationWidth) {
     return failToCopy("bounding box error!", 2949);
@@ -248,6 +252,8 @@ int xImageUpsideDown(unsigned char* source, int rows, int rowBytes, int bufferLe
   if (source == nullptr || target == nullptr || std::int64_t{rows} * rowBytes > bufferLength) {
     return 1;
   }
+  const std::int64_t half = (std::int64_t{rows} + (rows > 0)) / 2;  // rounded up
+  if (target == source && half * rowBytes < 0) return 1;
   if (rows < 1 || rowBytes < 1) return 0;
   const auto rowCount = static_cast<std::size_t>(rows);
   const auto size = static_cast<std::size_t>(rowBytes);

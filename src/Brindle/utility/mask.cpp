@@ -394,8 +394,7 @@ void byte2BitData(unsigned char* bytes, int width, int height, unsigned char*& p
     std::puts("Error: cannot allocate output memory (inside byte2BitData(...))!");
     return;
   }
-  if (width < 0 || rowBytes < 0) return;
-  const std::int32_t rows = std::min(height, length / rowBytes);
+  const std::int32_t rows = std::min(height, length / rowBytes);  // none for a negative size
   for (std::int64_t r = 0; r < rows; ++r) {
     packRow(bytes + r * width, static_cast<std::size_t>(width), packed + r * rowBytes);
   }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -15,8 +16,8 @@ constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_lim
 struct Copy {
   PlainImage source, destination;
   int bytesPerPixel, width, height;
-  unsigned char* mask;
-  int maskStride;
+  unsigned char* mask = nullptr;
+  int maskStride = 0;
   bool clears = false;
 
   bool run() const {
@@ -31,8 +32,8 @@ TEST(CopyingAnywhere, AgreesWithThePixelLoopAndWritesNothingElse) {
   Random random;
   for (int i = 0; i < 20000; ++i) {
     const int widest = i % 3 == 0 ? 130 : 12, pixelBytes = random.between(1, 5);
-    Copy copy{{},      {},  pixelBytes, random.between(-1, widest + 10), random.between(-1, 6),
-              nullptr, 130, i % 5 == 0};
+    Copy copy{{}, {}, pixelBytes, random.between(-1, widest + 10), random.between(-1, 6)};
+    copy.clears = i % 5 == 0;
     for (PlainImage* image : {&copy.source, &copy.destination}) {
       const int width = random.between(1, widest), stride = width * pixelBytes + i % 6;
       *image = {nullptr, width, i % 4 + 1, stride, random.between(-6, 14), random.between(-3, 4)};
@@ -41,7 +42,7 @@ TEST(CopyingAnywhere, AgreesWithThePixelLoopAndWritesNothingElse) {
     Bytes source = random.bytes(copy.source.stride * copy.source.height);
     Bytes mask = random.bytes(130 * 4, random.between(1, 4));
     Bytes destination = random.bytes(size + 2 * guard), expected = destination;
-    if (i % 2 == 0) copy.mask = mask.data();
+    if (i % 2 == 0) copy.mask = mask.data(), copy.maskStride = 130;
     copy.source.bytes = source.data();
     copy.destination.bytes = expected.data() + guard;
     if (copy.clears) std::fill_n(copy.destination.bytes, size, 0);
@@ -59,11 +60,21 @@ TEST(CopyingAnywhere, WithAMaskStopsEarlyByTheFirstColumn) {
   EXPECT_EQ(destination, Bytes({0, 3, 4, 5, 6, 0, 0, 0}));
 }
 
-TEST(CopyingAnywhere, WithinAnImageGoesFromLeftToRight) {
-  Bytes image = Random().bytes(40), mask(40, 1);
-  const PlainImage from{image.data(), 40, 1, 40, 0, 0}, to{image.data(), 40, 1, 40, 1, 0};
-  EXPECT_TRUE((Copy{from, to, 1, 39, 1, mask.data(), 40}.run()));
-  EXPECT_EQ(image, Bytes(40, image[0]));
+TEST(CopyingAnywhere, MayOverlap) {
+  const auto shift = [](Bytes& from, Bytes& to, unsigned char* mask) {
+    const PlainImage source{from.data(), 40, 1, 40, 0, 0}, target{to.data(), 40, 1, 40, 1, 0};
+    return Copy{source, target, 1, 39, 1, mask, 40}.run();
+  };
+  Bytes ones(40, 1), image = Random().bytes(40), smeared = image, shifted = image;
+  shifted.pop_back();
+  shifted.insert(shifted.begin(), image[0]);
+  EXPECT_TRUE(shift(smeared, smeared, ones.data()) && shift(image, image, nullptr));
+  EXPECT_TRUE(smeared == Bytes(40, image[0]) && image == shifted);
+  // A destination that is its own mask: what was copied selects what comes next.
+  for (std::size_t i = 0; i < 40; ++i)
+    image[i] = i % 2 == 0 ? static_cast<unsigned char>(i + 1) : 0;
+  EXPECT_TRUE(shift(image, ones, ones.data()));
+  for (std::size_t i = 1; i < 40; ++i) EXPECT_EQ(ones[i], i % 2) << i;
 }
 
 TEST(CopyingAnywhere, StaysInTheImagesForTheLargestNumbers) {
@@ -134,6 +145,8 @@ TEST(SwappingOrder, CopiesWhatHoldsNoPixels) {
   unsigned char* out = target.data();
   EXPECT_EQ(xSwapImageDataOrder(source.data(), -4, -1, -5, 5, out), 0);
   EXPECT_EQ(target, Bytes({1, 1, 1, 1, 1, 7}));
+  out += 6;
+  EXPECT_EQ(xSwapImageDataOrder(out, 2, 0, 6, 0, out), 0);  // reads nothing
 }
 
 TEST(RemovingPadding, KeepsThePixels) {
@@ -156,7 +169,7 @@ TEST(Refusals, LeaveTheTarget) {
   unsigned char *from = source.data(), *target = out.data(), *none = nullptr;
   const int cases[][6] = {
       {2, 2, 6, 11, 1, 1}, {2, 3, 5, 18, 1, 1},         {1, 1 << 16, 1 << 16, 0, 1, 1},
-      {2, 2, 5, 10, 1, 1}, {2, 0, 6, 0, 0, 0},          {kMost, kMost, kMost, kMost, 1, 1},
+      {2, 0, 6, 0, 0, 0},  {0x55555556, 1, 6, 6, 1, 1}, {kMost, kMost, kMost, kMost, 1, 1},
       {-1, 2, 0, 0, 0, 0}, {kLeast, 1, kMost, 0, 1, 0}, {kLeast, kLeast, kMost, kMost, 1, 1}};
   for (const auto& [width, height, stride, length, swap, truncate] : cases) {
     EXPECT_EQ(xSwapImageDataOrder(from, width, height, stride, length, target), swap);
@@ -169,9 +182,13 @@ TEST(Refusals, LeaveTheTarget) {
   }
   EXPECT_EQ(xImageUpsideDown(nullptr, 2, 6, 12, target), 1);
   EXPECT_EQ(xImageUpsideDown(from, 2, 6, 12, none), 1);
-  EXPECT_EQ(xImageUpsideDown(from, 2, 6, 11, target), 1);
-  EXPECT_EQ(xImageUpsideDown(from, 1 << 16, 1 << 16, 12, target), 1);
-  EXPECT_EQ(xImageUpsideDown(from, 2, -6, 12, target), 0);
+  const int flips[][5] = {{2, 6, 11, 1, 1},  {1 << 16, 1 << 16, 12, 1, 1},
+                          {2, -6, 12, 0, 1}, {-2, 6, 12, 0, 1},
+                          {-1, 6, 12, 0, 0}, {2, 0, 0, 0, 0}};
+  for (const auto& [rows, rowBytes, length, apart, inPlace] : flips) {
+    EXPECT_EQ(xImageUpsideDown(from, rows, rowBytes, length, target), apart);
+    EXPECT_EQ(xImageUpsideDown(target, rows, rowBytes, length, target), inPlace) << rows;
+  }
   EXPECT_EQ(out, Bytes(24, 7));
 }
 

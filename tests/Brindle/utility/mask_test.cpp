@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <string>
 
 #include "reference/PlainPixels.h"
@@ -168,9 +170,11 @@ TEST(Erosion, AgreesWithThePixelLoop) {
     ASSERT_EQ(erosion(image.data() + 20, width, height), count) << width << " x " << height;
     ASSERT_EQ(image, expected) << width << " x " << height;
   }
+  EXPECT_EQ(erosion(nullptr, 3, 3), 0);
 }
 
 TEST(SegmentAndMask, HasAnOutcomeForEachPosition) {
+  constexpr int kMost = std::numeric_limits<int>::max();
   const struct {
     const char* name;
     int originX, originY, width, height;
@@ -181,17 +185,22 @@ TEST(SegmentAndMask, HasAnOutcomeForEachPosition) {
       {"touches from less than a row above", 0, 0, 4, 3, {1}, 4, 1, 0, -1, 0},
       {"touches with its end", 0, 0, 3, 3, {1, 3}, 0, 1, -5, 1, 0},
       {"touches in single precision alone", 0, 0, 2, 2, {1, 2}, 6, 3, 0, 1, 0},
+      {"touches by the order of rounding", 0, 0, 3, 3, {7}, 1, 3, 14, 10, 0},
+      {"passes right behind the last column", 0, 0, 3, 2, {3}, 3, 0, 3, 1, -1},
       {"the extension touches, most is left", 0, 0, 3, 4, {3}, -2, 1, -5, 1, 1},
       {"... right, though the set pixels are left", 0, 0, 3, 4, {9, 10, 6}, -2, 2, -5, 2, -1},
       {"... as much on both sides", 0, 0, 3, 3, {3}, 5, 1, 1, 1, 1},
       {"... in y, most is left", 0, 0, 4, 3, {3}, 3, -2, 3, -5, 1},
       {"the line passes below, first pixel left", 5, 5, 3, 3, {4}, 9, 4, 0, 4, 1},
       {"first pixel on the line that the walk misses", 0, 0, 23, 14, {321}, -22, -13, 0, 0, 0},
+      {"no length, at the set pixel", 0, 0, 3, 3, {4}, 1, 1, 1, 1, 0},
       {"no length, nothing set", 0, 0, 3, 3, {}, 1, 1, 1, 1, -1},
       {"nothing set, centre left", 7, 7, 3, 3, {}, 7, 7, 7, 9, 1},
       {"nothing set, centre on the line", 7, 7, 3, 3, {}, 9, 8, 7, 8, -1},
+      {"nothing set, centre of even sizes on the line", 0, 0, 4, 4, {}, 0, 4, 4, 0, -1},
       {"no columns, centre left", 7, 7, -3, 3, {}, 9, 7, 7, 7, 1},
-      {"far away", 0, 0, 2, 2, {3}, 0x7FFFFFFF, 9, -0x7FFFFFFF, 9, -1},
+      {"far away", 0, 0, 2, 2, {3}, kMost, 9, -kMost, 9, -1},
+      {"a mask behind the largest number", kMost, 0, 3, 3, {1}, -kMost - 1, 2, -kMost - 1, 0, -1},
   };
   for (const auto& c : cases) {
     Bytes mask(400);
