@@ -24,6 +24,11 @@ constexpr std::uint64_t kNoSize = ~std::uint64_t{0};
 
 constexpr int kFailToOpen = 50;  // the status code's number
 
+/// A null path names no file.
+FileHandle openFile(const char* path) {
+  return FileHandle(std::fopen(path == nullptr ? "" : path, "rb"));
+}
+
 /// File systems differ in the size that they give a folder; here it has none, as a pipe.
 std::uint64_t sizeOf(std::FILE* file) {
   struct stat status;
@@ -45,7 +50,7 @@ void* allocateBlock(std::uint64_t length) {
 }  // namespace
 
 void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& length) {
-  const FileHandle file(std::fopen(path, "rb"));
+  const FileHandle file = openFile(path);
   if (!file) {
     length = 0;
     return;
@@ -60,9 +65,9 @@ void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& lengt
 }
 
 int xReadWholeFile2(const char* path, std::string& contents) {
-  const FileHandle file(std::fopen(path, "rb"));
+  const FileHandle file = openFile(path);
   const std::uint64_t size = file ? sizeOf(file.get()) : kNoSize;
-  if (size > kLargestBlock) return brindle::detail::conditionCode(kFailToOpen);
+  if (size == kNoSize) return brindle::detail::conditionCode(kFailToOpen);
   contents.resize(size);
   std::rewind(file.get());
   // A short read is as good: it leaves the rest of `contents` as it is.

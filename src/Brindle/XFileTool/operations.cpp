@@ -32,7 +32,7 @@ const char* orEmpty(const char* path) {
   return path == nullptr ? "" : path;
 }
 
-void pause(int waitMs) {
+void waitFor(int waitMs) {
   constexpr std::int64_t kLongest = std::numeric_limits<useconds_t>::max();
   const std::int64_t microseconds = std::int64_t{waitMs} * 1000;
   usleep(static_cast<useconds_t>(std::clamp<std::int64_t>(microseconds, 0, kLongest)));
@@ -100,7 +100,7 @@ bool xIsFileExist(std::wstring& path) {
 bool xDeleteFile(const std::string& path, int retries, int waitMs) {
   for (std::int64_t attempts = 0; std::remove(path.c_str()) != 0; ++attempts) {
     if (attempts > retries) return false;
-    pause(waitMs);
+    waitFor(waitMs);
   }
   return true;
 }

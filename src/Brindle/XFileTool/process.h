@@ -1,27 +1,36 @@
-// The running process: where its executable is, and its environment.
-//
-// No state of its own. xGetCurrentAppDir() sets the process's locale as xFixFolderPath() does; the
-// others may run beside other threads as long as none of these changes the environment.
+/// @file
+/// The running process: where its executable is, and its environment.
+///
+/// xGetCurrentAppPath() and xGetEnvVariable() keep no state and may run beside other threads as
+/// long as none of these changes the environment.
+///
+/// @warning xGetCurrentAppDir() sets the process's locale, as the narrow xFixFolderPath() does. It
+/// must not run beside other threads that use the locale.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// Returns the full path of the running executable, cut after 1023 bytes without notice. Empty
-/// after printing "Fail to readlink: %s\n", with the system's text for the error, when the system
-/// does not tell the path.
+/// Finds the running executable.
+///
+/// Prints "Fail to readlink: %s\n" with the system's text for the error when the system does not
+/// tell the path.
+/// @return the full path, cut after 1023 bytes without notice; an empty string after the message
 std::string xGetCurrentAppPath();
 
-/// Returns the folder that holds the running executable, up to 4095 bytes of its path considered,
-/// as xFixFolderPath() writes a folder: with a slash at its end, with slashes in the place of
-/// backslashes, and cut at the first character that the locale cannot convert. Sets the process's
-/// locale to "en_US.UTF-8" where the system knows it.
+/// Finds the folder that holds the running executable. Of the executable's path up to 4095 bytes
+/// are considered.
 ///
-/// Empty, without a message, when the system does not tell the path. Empty as well, not "/", for an
-/// executable in the root directory.
+/// Sets the process's locale.
+///
+/// @warning The folder may be another, shorter one, as the narrow xFixFolderPath() warns.
+/// @return the folder's path as xFixFolderPath() writes it, with slashes in the place of
+/// backslashes and one at its end; an empty string for an executable in the root directory, and
+/// when the system does not tell the path
 std::string xGetCurrentAppDir();
 
-/// Returns the elements of a list in the environment: the value of the variable `name`, split at
-/// each ':'. Empty elements are kept and nothing is trimmed: "a::b:" gives "a", "", "b", "". A
-/// variable of empty value gives one empty element, one that is not set, or a null `name`, none.
+/// Splits a list in the environment at each ':'. Nothing is trimmed.
+/// @param name  the variable's, zero-terminated, or null
+/// @return the elements, empty ones included: "a::b:" gives "a", "", "b", "", and a variable of
+/// empty value gives one empty element; none for a variable that is not set, and for null
 std::vector<std::string> xGetEnvVariable(const char* name);

@@ -141,6 +141,14 @@ int xSortFiles(const void* a, const void* b) {
 }
 
 void xAddFile(flist* list, dirent* entry) {
+  // The system's records end after the name; a whole `dirent` may reach past its buffer.
+  constexpr std::size_t kLongestName = sizeof entry->d_name - 1;
+  const std::size_t toNameEnd = offsetof(dirent, d_name) + strnlen(entry->d_name, kLongestName) + 1;
+  const std::size_t length = std::max<std::size_t>(entry->d_reclen, toNameEnd);
+  dirent copy{};  // taken first: `entry` may lie in the block that grows
+  std::memcpy(&copy, entry, std::min(length, sizeof copy));
+  copy.d_name[kLongestName] = '\0';
+
   if (list->count == list->capacity) {
     if (list->capacity > std::numeric_limits<std::int32_t>::max() / 2) endOutOfMemory();
     const std::int32_t capacity = list->capacity == 0 ? kFirstCapacity : 2 * list->capacity;
@@ -149,15 +157,7 @@ void xAddFile(flist* list, dirent* entry) {
     list->entries = static_cast<dirent*>(larger);
     list->capacity = capacity;
   }
-  // The system's records end after the name; a whole `dirent` may reach past its buffer.
-  constexpr std::size_t kLongestName = sizeof entry->d_name - 1;
-  const std::size_t toNameEnd = offsetof(dirent, d_name) + strnlen(entry->d_name, kLongestName) + 1;
-  const std::size_t length = std::max<std::size_t>(entry->d_reclen, toNameEnd);
-
-  dirent& slot = list->entries[list->count++];
-  std::memset(&slot, 0, sizeof slot);
-  std::memcpy(&slot, entry, std::min(length, sizeof slot));
-  slot.d_name[kLongestName] = '\0';
+  list->entries[list->count++] = copy;
 }
 
 void xWalking(const char* path, std::list<std::string>& files, FILE_WALKING_OPTION option,

@@ -7,6 +7,8 @@
 #include <cstring>
 
 #include "Brindle/BrindleErrcode.h"
+#include "support/KnownLocales.h"
+#include "support/OpenFiles.h"
 #include "support/RunProgram.h"
 
 std::vector<unsigned int> pauses;  // in microseconds
@@ -23,6 +25,18 @@ namespace fs = std::filesystem;
 using Pauses = std::vector<unsigned int>;
 using Text = const char*;
 constexpr int kOpenCode = 300 - 50, kWriteCode = 300 - 54;
+
+/// Allows the process files of four bytes while the object lives.
+struct FourByteFiles {
+  FourByteFiles() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit tight{4, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tight);
+  }
+  ~FourByteFiles() { setrlimit(RLIMIT_FSIZE, &before); }
+  rlimit before;
+};
 
 /// Works in a folder of its own, with codes that have moved.
 struct Operations : testing::Test {
@@ -44,6 +58,7 @@ struct Operations : testing::Test {
     return fs::is_regular_file(path) ? readAll(path) : "none";
   }
   const ScratchDir dir;
+  const OpenFiles remain;
 };
 
 TEST_F(Operations, TellWhatExistsToNarrowPathsOnly) {
@@ -73,6 +88,15 @@ TEST_F(Operations, DeleteWithRetries) {
   EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 3);
 }
 
+TEST_F(Operations, DeleteWhatAWidePathIsCutTo) {
+  const KnownLocales locales;
+  if (!locales.areUsable()) GTEST_SKIP() << "C.utf8 is kept elsewhere";
+  for (Text file : {"日", "日日"}) dir.write(file, "");
+  EXPECT_EQ(localeAfter([] { EXPECT_TRUE(xDeleteFile(std::wstring(L"日日日"), -1, 0)); }),
+            "chinese");
+  EXPECT_TRUE(fs::exists("日") && !fs::exists("日日"));
+}
+
 TEST_F(Operations, CopyAFile) {
   using Row = std::tuple<Text, Text, bool, int, std::string, std::size_t>;
   for (const auto& [source, target, overwrite, result, expected, waited] :
@@ -87,13 +111,11 @@ TEST_F(Operations, CopyAFile) {
     EXPECT_EQ(left(target == nullptr ? "null" : target), expected);
     EXPECT_EQ(pauses, Pauses(waited, 100'000));
   }
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before;
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  const rlimit tight{4, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &tight);
+  fs::create_symlink("made", "dangling");
+  EXPECT_EQ(xFileCopy("five5", "dangling", false), 0);
+  EXPECT_EQ(left("made"), "five5");
+  const FourByteFiles limit;
   EXPECT_EQ(xFileCopy("five5", "copy", true), -1);
-  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(left("copy"), "five");
 }
 
@@ -119,6 +141,7 @@ TEST_F(Operations, JoinFilesThroughTheShell) {
     dup2(input, 0), dup2(errors, 2);
     EXPECT_EQ(left(output), expected) << output;
   }
+  close(input), close(errors);
   EXPECT_EQ(pauses, Pauses(6, 100'000));  // for the folder
 }
 
@@ -134,14 +157,18 @@ TEST_F(Operations, WriteIntoAnExistingFileAndSynchronise) {
             message("setting position to -1 in ten", 22)),
         Row("no", "a", 1, 0, kOpenCode, "0123456789", message("opening no", ENOENT)),
         Row(nullptr, "a", 1, 0, kOpenCode, "0123456789", message("opening ", ENOENT)),
-        Row("/dev/full", "a", 1, 0, kWriteCode, "0123456789",
-            message("writing 1 byte data to /dev/full", ENOSPC))}) {
+        Row("/dev/full", "a", UINT_MAX, 0, kWriteCode, "0123456789",
+            message("writing -1 byte data to /dev/full", ENOSPC))}) {
     dir.write("ten", "0123456789");
     testing::internal::CaptureStdout();
     EXPECT_EQ(xWriteFileThroughCache(path, data, size, offset), code);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), printed);
     EXPECT_EQ(left("ten"), expected) << printed;
   }
+  dir.write("ten", "");
+  const FourByteFiles limit;
+  EXPECT_EQ(xWriteFileThroughCache("ten", "abcdef", 6, 0), 0);
+  EXPECT_EQ(left("ten"), "abcd");
   for (Text path : {"missing", "dir", Text()}) EXPECT_EQ(xFileSync(path), kOpenCode);
   EXPECT_TRUE(xFileSync("five5") == 0 && xFileSync("/dev/null") == -1 && xFileSync(-1) == -1);
 }
