@@ -71,8 +71,8 @@ Canvas differenceMap() {
   });
 }
 
-/// Hue to the right, value upwards, at a saturation of 0.6; above the diagonal band what the
-/// hue-weighted feature keeps of the colour, below the colour itself.
+/// Hue to the right, value growing away from the middle, at a saturation of 0.6: below the colour
+/// itself, above what the hue-weighted feature keeps of it.
 Canvas featureBands() {
   constexpr int kHueWeighted = 1;
   return painted([](Point p) {
@@ -108,7 +108,7 @@ Canvas erodedMask() {
     }
     for (int i = 0; i < 3; ++i) erosion(mask.data(), kSize, kSize);
   }
-  const int segments[][4] = {{20, 30, 90, 10}, {70, 236, 14, 190}, {100, 120, 225, 30}};
+  const int segments[][4] = {{90, 10, 20, 30}, {70, 236, 14, 190}, {100, 120, 225, 30}};
   for (const auto& s : segments) {
     const int side =
         lineSegmentMaskIntersect(original.data(), 0, 0, kSize, kSize, s[0], s[1], s[2], s[3]);
