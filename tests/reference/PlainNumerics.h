@@ -1,4 +1,4 @@
-// Determinant and sorts in their plainest form, against which the product's are held.
+// Determinants, an inverse and sorts in their plainest form, against which the product's are held.
 #pragma once
 
 #include <array>
@@ -10,10 +10,15 @@ double plainDeterminant(double** A, int n);
 /// The expansion along the first row, with `ofMinor` for what follows.
 double plainExpansion(double** A, int n, double (*ofMinor)(double**, int));
 
+/// The formulas for 3 times 3, term by term. `inverse` must be distinct from `A`.
+double plainDeterminant3(double** A);
+void plainInverse3(double** A, double** inverse);
+
 /// Partitions around the first element, one comparison after the other.
 void plainQuickSort(double* values, int* index, int left, int right);
 
-/// At most `passes` passes by decimal digit over ten lists; calls `onPass` after each.
+/// At most `passes` passes by decimal digit over ten lists; calls `onPass` after each. The
+/// values must not be negative.
 template <class T, class OnPass>
 void plainRadixSort(std::vector<T>& values, int passes, OnPass onPass) {
   bool isFinished = false;

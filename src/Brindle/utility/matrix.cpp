@@ -123,8 +123,10 @@ double determinantByTable(double** A, int n, double* minors) {
   return minors[all];
 }
 
-/// For matrices whose table is too large: one minor after the other.
-double determinantByMinors(double** A, int n) {
+/// Expands into minors, one after the other, down to those of `tabled` columns, for which `table`
+/// has room.
+double determinantOf(double** A, int n, double* table, int tabled) {
+  if (n <= tabled) return determinantByTable(A, n, table);
   const int size = n - 1;
   const auto free = [size](double** matrix) { safeDelete2DDouble(size, matrix); };
   const std::unique_ptr<double*, decltype(free)> owner(allocate2DDouble(size, size), free);
@@ -136,7 +138,7 @@ double determinantByMinors(double** A, int n) {
       std::copy(row + j + 1, row + n, std::copy(row, row + j, minor[i]));
     }
     const double sign = j % 2 == 0 ? 1.0 : -1.0;
-    determinant += matrixDet(minor, size) * (sign * A[0][j]);
+    determinant += determinantOf(minor, size, table, tabled) * (sign * A[0][j]);
   }
   return determinant;
 }
@@ -160,6 +162,7 @@ void safeDelete2DInteger(int rows, int**& M) {
 }
 
 void copyMatrix(double** src, double** dst, int rows, int cols) {
+  if (cols < 1) return;
   for (int i = 0; i < rows; ++i) std::copy_n(src[i], cols, dst[i]);
 }
 
@@ -173,6 +176,7 @@ void eye(int n, double** M) {
 }
 
 void zeroMat(int rows, int cols, double** M) {
+  if (cols < 1) return;
   for (int i = 0; i < rows; ++i) std::fill_n(M[i], cols, 0.0);
 }
 
@@ -229,15 +233,15 @@ double matrixDet(double** A, int n) {
     return 0.0;
   }
   if (n == 1) return A[0][0];
-  if (n <= kMostColumnsOnStack) {
-    std::array<double, tableSize(kMostColumnsOnStack)> minors;
-    return determinantByTable(A, n, minors.data());
+  std::array<double, tableSize(kMostColumnsOnStack)> onStack;
+  if (n <= kMostColumnsOnStack) return determinantByTable(A, n, onStack.data());
+  int tabled = std::min(n, kMostTabledColumns);
+  std::unique_ptr<double[]> table;
+  for (; tabled > kMostColumnsOnStack; --tabled) {
+    table.reset(new (std::nothrow) double[tableSize(tabled)]);
+    if (table) break;
   }
-  if (n <= kMostTabledColumns) {
-    const std::unique_ptr<double[]> minors(new (std::nothrow) double[tableSize(n)]);
-    if (minors) return determinantByTable(A, n, minors.get());
-  }
-  return determinantByMinors(A, n);
+  return determinantOf(A, n, table ? table.get() : onStack.data(), tabled);
 }
 
 void matrixInv3D(double** A, double** Ainv) {

@@ -23,19 +23,29 @@ struct Pairs {
   }
 };
 
-/// Settles a range that is ascending, where partitioning would change nothing, or strictly
-/// descending, where it would end in the reverse. Returns false for any other.
-bool settleRun(Pairs pairs, long left, long right) {
+constexpr long kLongRun = 16;  // shorter ones are rarely worth a look at all later elements
+
+/// Settles a strictly descending range, where partitioning would end in the reverse, or the
+/// ascending start of any other range as far as no later element is below it, where partitioning
+/// would change nothing. Returns where the rest starts and takes the steps off `credit`.
+long settleRun(Pairs pairs, long left, long right, long& credit) {
   const double* const values = pairs.values;
-  long i = left;
-  while (i < right && values[i] <= values[i + 1]) ++i;
-  if (i == right) return true;
-  i = left;
-  while (i < right && values[i] > values[i + 1]) ++i;
-  if (i != right) return false;
-  std::reverse(pairs.values + left, pairs.values + right + 1);
-  std::reverse(pairs.index + left, pairs.index + right + 1);
-  return true;
+  long i = left + 1;
+  while (i <= right && values[i - 1] <= values[i]) ++i;
+  if (i - left >= kLongRun || i > right) {
+    long settled = i;
+    for (; i <= right && settled > left; ++i) {
+      while (settled > left && !(values[i] >= values[settled - 1])) --settled;
+    }
+    credit -= i - left;
+    return settled;
+  }
+  for (i = left + 1; i <= right && values[i - 1] > values[i];) ++i;
+  credit -= i - left;
+  if (i <= right) return left;
+  std::reverse(pairs.values + left, pairs.values + i);
+  std::reverse(pairs.index + left, pairs.index + i);
+  return i;
 }
 
 constexpr long kSmallRange = 16;
@@ -87,9 +97,11 @@ struct Stops {
   std::array<std::uint8_t, kBlock> distances;
 };
 
-/// Where a partition stands: the pivot's hole and the last element that may be below the pivot.
+/// Where a partition stands: the pivot's hole, the first element behind it that may be above the
+/// pivot and the last one that may be below.
 struct Scan {
   long hole;
+  long left;
   long right;
 };
 
@@ -103,10 +115,16 @@ Scan partitionBlocks(Pairs pairs, double pivot, long left, long right) {
     if (below.left() == 0) {
       below.gather(right, [=](int i) { return !(values[right - i] >= pivot); });
       right -= Stops::kBlock;
+      if (below.count == 0) {  // as at an extreme pivot, where many more pass
+        while (right - left >= 2L * Stops::kBlock && values[right] >= pivot) --right;
+      }
     }
     if (above.left() == 0) {
       above.gather(left, [=](int i) { return !(values[left + i] <= pivot); });
       left += Stops::kBlock;
+      if (above.count == 0) {
+        while (right - left >= 2L * Stops::kBlock && values[left] <= pivot) ++left;
+      }
     }
     const int count = std::min(below.left(), above.left());
     for (int i = 0; i < count; ++i) {
@@ -119,7 +137,8 @@ Scan partitionBlocks(Pairs pairs, double pivot, long left, long right) {
     above.next += count;
   }
   if (below.left() > 0) right = below.start - below.distance(0);
-  return {hole, right};
+  if (above.left() > 0) left = above.start + above.distance(0);
+  return {hole, left, right};
 }
 
 /// Partitions around the first element and returns where it ends up. Both scans pass over what is
@@ -128,10 +147,11 @@ long partition(Pairs pairs, long left, long right) {
   const double* const values = pairs.values;
   const double pivot = values[left];
   const int pivotIndex = pairs.index[left];
-  auto [l, r] = partitionBlocks(pairs, pivot, left, right);
+  auto [l, passed, r] = partitionBlocks(pairs, pivot, left, right);
   while (l < r) {
     while (l < r && values[r] >= pivot) --r;
     if (l != r) pairs.move(r, l++);
+    if (l < passed) l = std::min(passed, r);
     while (l < r && values[l] <= pivot) ++l;
     if (l != r) pairs.move(l, r--);
   }
@@ -141,9 +161,23 @@ long partition(Pairs pairs, long left, long right) {
 }
 
 void sortRange(Pairs pairs, long left, long right) {
+  // Looking for runs costs a fraction of what partitioning costs, and no more.
+  constexpr long kPartitionsForALook = 16;
+  long credit = right - left;
+  long small = kSmallRange;
   while (left < right) {
-    if (settleRun(pairs, left, right)) return;
-    if (right - left < kSmallRange && settleSmall(pairs, left, right)) return;
+    if (right - left < small) {
+      if (settleSmall(pairs, left, right)) return;
+      small = (right - left) / 2;
+    }
+    if (credit >= right - left) {
+      const long start = settleRun(pairs, left, right, credit);
+      if (start > left) {
+        left = start;
+        continue;
+      }
+    }
+    credit += (right - left) / kPartitionsForALook;
     const long middle = partition(pairs, left, right);
     // The smaller side is the one to recurse into, which keeps the stack short.
     if (middle - left < right - middle) {

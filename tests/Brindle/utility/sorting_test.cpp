@@ -6,18 +6,22 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <csignal>
 #include <cstring>
 #include <numeric>
 #include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "reference/PlainNumerics.h"
 
 namespace {
 
-enum Kind { kAscending, kAscendingPairs, kDescending, kDescendingPairs, kRandom, kKinds = 10 };
+enum Kind { kAscending, kAscendingPairs, kDescending, kDescendingPairs, kRaisedEnd, kKinds = 14 };
 
 struct Pairs {
   Pairs(int kind, int n) : index(static_cast<std::size_t>(n)) {
@@ -29,11 +33,15 @@ struct Pairs {
                                      1.0 * (i / 2),
                                      -1.0 * i,
                                      -1.0 * (i / 2),
+                                     i < n - 9 ? i / 3 : n / 3 - 2 + few,
                                      random,
                                      few,
+                                     1.0 * (i == 0 ? n : i),
+                                     i == n - 2 ? NAN : 1.0 * i,
                                      i == n - 1 ? 0.5 : i,
                                      few < 9.0 ? -0.0 : 0.0,
                                      few < 2.0 ? NAN : few,
+                                     i > n / 2 && few < 1.0 ? NAN : 0.5 * (i / 2),
                                      1.0 * std::min(i, n - i)};
       values.push_back(ofKind[kind]);
     }
@@ -68,8 +76,8 @@ TEST(QuickSort, NeedsLittleTimeForSortedInputAndLittleStackForAny) {
     quickSort(values.data(), index.data(), static_cast<int>(values.size()));
     return nullptr;
   };
-  for (const int kind : {kAscending, kAscendingPairs, kDescending, kDescendingPairs}) {
-    Pairs pairs(kind, kind == kDescendingPairs ? 8000 : 1'000'000);  // quadratic: an hour
+  for (const int kind : {kAscending, kAscendingPairs, kDescending, kDescendingPairs, kRaisedEnd}) {
+    Pairs pairs(kind, kind == kDescendingPairs ? 8000 : 1'000'000);  // quadratic: minutes
     pthread_t thread;
     ASSERT_EQ(pthread_create(&thread, &smallStack, sort, &pairs), 0);
     pthread_join(thread, nullptr);
@@ -90,11 +98,15 @@ TEST(RadixSort, PrintsEachPassAndStopsWhenADigitIsShared) {
       {{170, 45, 802, 24}, "170 802 24 45 \n802 24 45 170 \n24 45 170 802 \n24 45 170 802 \n"},
       {{25, 15}, "25 15 \n"},
       {{11, 5, -3, -20}, "-3 -20 11 5 \n-20 -3 5 11 \n-20 -3 5 11 \n"},
+      {{10, -20}, "10 -20 \n"},
       {{}, "Radix sort: input array size <= 0!\n"},
   };
   for (auto [values, printed] : cases) EXPECT_EQ(printedBy(radixSort, values), printed);
+  std::vector<int> extremes{INT_MAX, -9, INT_MIN, 9, -99};
+  printedBy(radixSort, extremes);
+  EXPECT_EQ(extremes, (std::vector<int>{INT_MIN, -99, -9, 9, INT_MAX}));
   std::vector<unsigned char> noBytes;
-  EXPECT_EQ(printedBy(radixSortUChar, noBytes), cases[3].second);
+  EXPECT_EQ(printedBy(radixSortUChar, noBytes), cases[4].second);
 }
 
 TEST(RadixSort, LeavesWhatListsLeave) {
