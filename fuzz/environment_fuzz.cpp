@@ -10,7 +10,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr char kName[] = "VORQUELL_FUZZ";
   const std::string value = std::string(data, data + size).c_str();  // up to its first zero
-  setenv(kName, value.c_str(), 1);
+  // setenv would keep every value for good; this one is the environment's until the next.
+  static std::string variable;
+  unsetenv(kName);
+  variable = std::string(kName) + '=' + value;
+  putenv(variable.data());
   const std::vector<std::string> elements = xGetEnvVariable(kName);
   const auto colons = std::count(value.begin(), value.end(), ':');
   if (elements.size() != static_cast<std::size_t>(colons) + 1) std::abort();
