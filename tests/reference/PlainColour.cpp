@@ -7,18 +7,12 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double k2Pi = 6.283185307179586;
 
-double linear(double c) {
-  return (c > 0.04045 ? std::pow((c + 0.055) / 1.055, 2.4) : c / 12.92) * 100;
-}
-double f(double t) {
-  return t > 0.008856 ? std::pow(t, 0.3333333333333333) : 7.787 * t + 0.13793103448275862;
-}
-double length(double x, double y) {
-  return std::sqrt(x * x + y * y);
-}
+constexpr auto length = [](double x, double y) { return std::sqrt(x * x + y * y); };
+
 double chromaTerm(double c) {
   return std::sqrt(std::pow(c, 7.0) / (std::pow(c, 7.0) + 6103515625.0));
 }
+
 double hue(double b, double a) {
   const double h = b == 0 && a == 0 ? 0 : std::atan2(b, a);
   return h < 0 ? h + k2Pi : h;
@@ -27,6 +21,12 @@ double hue(double b, double a) {
 }  // namespace
 
 LAB plainBGR2Lab(const double* in) {
+  const auto linear = [](double c) {
+    return (c > 0.04045 ? std::pow((c + 0.055) / 1.055, 2.4) : c / 12.92) * 100;
+  };
+  const auto f = [](double t) {
+    return t > 0.008856 ? std::pow(t, 0.3333333333333333) : 7.787 * t + 0.13793103448275862;
+  };
   const double b = linear(in[0]), g = linear(in[1]), r = linear(in[2]);
   const double x = f((0.4124 * r + 0.3576 * g + 0.1805 * b) / 95.047);
   const double y = f((0.2126 * r + 0.7152 * g + 0.0722 * b) / 100);

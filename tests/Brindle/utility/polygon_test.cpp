@@ -39,33 +39,36 @@ TEST(Boxes, ThatTouchIntersect) {
 }
 
 TEST(BoxAndSphere, CodesChangeMeaningWithTheCentre) {
-  const auto code = [](double x, double z, double radiusSq, int dim = 3) {
-    return boxSphereIntersect(Shape{0, 0, 0}, Shape{1, 1, 1}, Shape{x, .5, z}, radiusSq, dim);
-  };
-  const std::vector<int> inside = {code(.5, .5, .25), code(.5, .5, .5),  code(.5, .5, .75),
-                                   code(.1, .5, .2),  code(.5, .1, .2),  code(.1, .5, .9),
-                                   code(9, 9, 0, 0),  code(9, 9, 1, -1), code(.5, 2, .2, 2)};
-  EXPECT_EQ(inside, (std::vector{3, 1, 2, 3, 1, 1, 3, 2, 3}));
-  const std::vector<int> outside = {code(2, .5, .5),    code(2, .5, 1),  code(2, .5, 4.5),
-                                    code(2, .5, 4.75),  code(1, .5, 0),  code(0, .5, 2),
-                                    code(-1, -1, 1.75), code(-1, -1, 2), code(2, -1, 8.5)};
-  EXPECT_EQ(outside, (std::vector{0, 2, 2, 1, 2, 1, 0, 2, 1}));
+  // clang-format off
+  const struct { double x, z, radiusSq; int code, dim = 3; } cases[] = {
+      {.5, .5, .25, 3}, {.5, .5, .5, 1}, {.5, .5, .75, 2}, {.1, .5, .2, 3}, {.5, .1, .2, 1},
+      {.1, .5, .9, 1}, {9, 9, 0, 3, 0}, {9, 9, 1, 2, -1}, {.5, 2, .2, 3, 2},
+      {2, .5, .5, 0}, {2, .5, 1, 2}, {2, .5, 4.5, 2}, {2, .5, 4.75, 1}, {1, .5, 0, 2},
+      {0, .5, 2, 1}, {-1, -1, 1.75, 0}, {-1, -1, 2, 2}, {2, -1, 8.5, 1}};
+  // clang-format on
+  for (const auto& [x, z, radiusSq, code, dim] : cases) {
+    const Shape least = {0, 0, 0}, greatest = {1, 1, 1}, centre = {x, .5, z};
+    EXPECT_EQ(boxSphereIntersect(least, greatest, centre, radiusSq, dim), code)
+        << x << ' ' << z << ' ' << radiusSq;
+  }
 }
 
 TEST(Convexity, DoesNotLookAtQuadrilaterals) {
-  using Indices = std::list<int>;
-  const auto reflexOf = [](bool clockwise, const Shape& poly) {
-    Indices indices = {99};
+  // clang-format off
+  const struct { bool clockwise; Shape poly; std::list<int> reflex; } cases[] = {
+      {false, {}, {}},
+      {false, {0, 0, 4, 0, 1, 1, 0, 4}, {2}},
+      {false, {0, 0, 1, 0, 2, 0, 2, 2, 0, 2}, {}},
+      {true, {0, 0, 1, 0, 2, 0, 2, 2, 0, 2}, {0, 2, 3, 4}},
+      {false, {1, 1, 0, 4, 0, 0, 4, 0, 4, 4}, {0}},
+      {false, {0, 4, 0, 0, 4, 0, 4, 4, 1, 1}, {4}}};
+  // clang-format on
+  for (const auto& [clockwise, poly, reflex] : cases) {
+    std::list<int> indices = {99};
     getBigAngleIndices2DPolygon(indices, poly, poly.n(), clockwise);
-    EXPECT_EQ(is2DConvexPolygon(poly, poly.n(), clockwise), poly.n() <= 4 || indices.empty());
-    return indices;
-  };
-  EXPECT_EQ(reflexOf(false, {}), Indices());
-  EXPECT_EQ(reflexOf(false, {0, 0, 4, 0, 1, 1, 0, 4}), Indices{2});
-  EXPECT_EQ(reflexOf(false, {0, 0, 1, 0, 2, 0, 2, 2, 0, 2}), Indices());
-  EXPECT_EQ(reflexOf(true, {0, 0, 1, 0, 2, 0, 2, 2, 0, 2}), (Indices{0, 2, 3, 4}));
-  EXPECT_EQ(reflexOf(false, {1, 1, 0, 4, 0, 0, 4, 0, 4, 4}), Indices{0});
-  EXPECT_EQ(reflexOf(false, {0, 4, 0, 0, 4, 0, 4, 4, 1, 1}), Indices{4});
+    EXPECT_EQ(indices, reflex);
+    EXPECT_EQ(is2DConvexPolygon(poly, poly.n(), clockwise), poly.n() <= 4 || reflex.empty());
+  }
 }
 
 TEST(Crossings, AreHalfOpenAndNeverParallel) {
@@ -90,11 +93,11 @@ TEST(Crossings, AreHalfOpenAndNeverParallel) {
 TEST(PointInPolygon, TellsSidesAndWindings) {
   for (const int method : {0, 1, 2}) {
     const auto isInside = [&](const Shape& poly, const Shape& p) {
-      return pointInPolygon2D(poly, poly.n(), p, static_cast<POINT_IN_POLYGON_METHOD>(method));
+      return pointInPolygon2D(poly, poly.n(), p, POINT_IN_POLYGON_METHOD(method));
     };
     std::string square;
-    for (const double y : {1.0, .5, 0.0}) {
-      for (const double x : {0.0, .5, 1.0}) square += isInside(kSquare, {x, y}) ? 'i' : 'o';
+    for (int at = 0; at < 9; ++at) {
+      square += isInside(kSquare, {at % 3 / 2.0, 1 - at / 3 / 2.0}) ? 'i' : 'o';
     }
     EXPECT_EQ(square, "oiioiiooo") << method;
     EXPECT_EQ(isInside(kPentagram, {0, 0}), method != 0);
@@ -143,11 +146,12 @@ IntPoints hullOf(IntPoints points, Build build) {
 }
 
 TEST(Hull, OfPointsWithEqualXIsNotClosed) {
-  EXPECT_EQ(hullOf({}, chainHull_2D), IntPoints());
-  EXPECT_EQ(hullOf({{4, 5}}, chainHull_2D), (IntPoints{{4, 5}, {4, 5}}));
-  EXPECT_EQ(hullOf({{1, 1}, {1, 2}, {1, 3}}, chainHull_2D), (IntPoints{{1, 1}, {1, 3}, {1, 3}}));
-  EXPECT_EQ(hullOf({{0, 0}, {0, 5}, {0, 9}, {3, 3}, {9, 0}, {9, 9}}, chainHull_2D),
-            (IntPoints{{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0}}));
+  const std::pair<IntPoints, IntPoints> cases[] = {
+      {{}, {}},
+      {{{4, 5}}, {{4, 5}, {4, 5}}},
+      {{{1, 1}, {1, 2}, {1, 3}}, {{1, 1}, {1, 3}, {1, 3}}},
+      {{{0, 0}, {0, 5}, {0, 9}, {3, 3}, {9, 0}, {9, 9}}, {{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0}}}};
+  for (const auto& [points, hull] : cases) EXPECT_EQ(hullOf(points, chainHull_2D), hull);
 }
 
 TEST(Hull, StaysInItsRoomWhereTurnsWrap) {
@@ -191,11 +195,10 @@ TEST(RandomPolygons, AgreeWithThePlainFormsBitForBit) {
         return edges == 1 ? lineSegmentPolygonIntersect(b, b + 2, a, a.n(), xs, ys)
                           : polygonIntersect2D(a, a.n(), b, b.n(), xs, ys);
       };
-      std::array<std::list<double>, 2> found, expected;
-      const bool any = plainCrossings(a, a.n(), b, b.n(), edges, &expected[0], &expected[1]);
-      EXPECT_EQ(intersect(nullptr, nullptr), any);
-      EXPECT_EQ(intersect(&found[0], &found[1]), any);
-      EXPECT_EQ(found, expected);
+      std::list<double> xs, ys, plainXs, plainYs;
+      const bool any = plainCrossings(a, a.n(), b, b.n(), edges, &plainXs, &plainYs);
+      EXPECT_TRUE(intersect(nullptr, nullptr) == any && intersect(&xs, &ys) == any);
+      EXPECT_TRUE(xs == plainXs && ys == plainYs);
     }
   }
 }

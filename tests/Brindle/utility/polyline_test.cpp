@@ -37,10 +37,8 @@ Bits curvatureOf(const Points& points, int radius, int iterations) {
 
 // Reckoned outside this code base, with every operation rounded to single precision.
 TEST(Polyline, KeepsEveryBitOfSinglePrecision) {
-  const float x[] = {0, 1, 2.125F, 3, 2.5F, 2.5F, 1.0625F, -1.7F, -2};
-  const float y[] = {0, .25F, -.5F, 1.75F, 3, 3, 3.3F, 2.9F, .1F};
-  Points points;
-  for (std::size_t i = 0; i < 9; ++i) points.push_back({x[i], y[i]});
+  const Points points = {{0, 0},    {1, .25F},       {2.125F, -.5F}, {3, 1.75F}, {2.5F, 3},
+                         {2.5F, 3}, {1.0625F, 3.3F}, {-1.7F, 2.9F},  {-2, .1F}};
   EXPECT_EQ(anglesOf(points, true, 3, 2),
             (Bits{0x403d3c0e, 0x3fd40727, 0x3ec6a1cb, 0x401435f7, 0x409621c8, 0x408cdb93,
                   0x4058931c, 0x3f8d5737, 0x3efb1944}));
@@ -59,22 +57,20 @@ TEST(Polyline, AgreesWithThePlainFormsBitForBit) {
       points[i] = points[i - 1];
       if (engine() % 8 != 0) points[i] = {points[i].x + step(engine), points[i].y + step(engine)};
     }
-    const int radius = static_cast<int>(engine() % (round % 2 ? 6 : 90));
-    const int iterations = static_cast<int>(engine() % 4);
-    EXPECT_EQ(anglesOf(points, round % 3 == 0, radius, iterations),
-              bitsOf(plainPolylineAngle(points, round % 3 == 0, radius, iterations)))
-        << round;
-    EXPECT_EQ(curvatureOf(points, radius, iterations),
-              bitsOf(plainPolylineCurvature(points, radius, iterations)))
-        << round;
+    const int radius = int(engine() % (round % 2 ? 6 : 90)), iterations = int(engine() % 4);
+    const bool normalize = round % 3 == 0;
+    ASSERT_EQ(anglesOf(points, normalize, radius, iterations),
+              bitsOf(plainPolylineAngle(points, normalize, radius, iterations)));
+    ASSERT_EQ(curvatureOf(points, radius, iterations),
+              bitsOf(plainPolylineCurvature(points, radius, iterations)));
   }
 }
 
 TEST(Polyline, ShortOnesHaveFixedValues) {
-  const std::uint32_t pi = bitsOf({std::acos(-1.0F)})[0];
   EXPECT_EQ(anglesOf({}, true, 1, 1), Bits());
   EXPECT_EQ(anglesOf({{7, 7}}, true, 1, 1), Bits{0});
-  EXPECT_EQ(anglesOf({{0, 0}, {0, 1}}, false, INT_MAX, INT_MAX), (Bits{pi, pi}));
+  EXPECT_EQ(anglesOf({{0, 0}, {0, 1}}, false, INT_MAX, INT_MAX),
+            bitsOf(Floats(2, std::acos(-1.0F))));
   EXPECT_EQ(curvatureOf({{0, 0}, {1e20F, 1e20F}}, 1, 1), (Bits{0, 0}));
 }
 

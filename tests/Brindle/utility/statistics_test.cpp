@@ -13,12 +13,11 @@ using Floats = std::vector<float>;
 
 /// The spread, then the mean, of data that lies in the block which `mean` points to at first.
 Floats spreadAndMean(const Floats& values, int dim, int count) {
-  float* data = static_cast<float*>(std::malloc(values.size() * sizeof(float)));
-  std::copy(values.begin(), values.end(), data);
-  float* mean = data;
-  Floats result = {99};
-  EXPECT_EQ(findMeanAndSD(data, dim, count, mean, result[0]), 1);
-  result.insert(result.end(), mean, mean + dim);
+  float *mean = static_cast<float*>(std::malloc(values.size() * sizeof(float))), sd = 99;
+  std::copy(values.begin(), values.end(), mean);
+  EXPECT_EQ(findMeanAndSD(mean, dim, count, mean, sd), 1);
+  Floats result(mean, mean + dim);
+  result.insert(result.begin(), sd);
   std::free(mean);
   return result;
 }
@@ -33,13 +32,10 @@ TEST(MeanAndSD, KeepEveryBitOfSinglePrecision) {
 }
 
 TEST(MeanAndSD, RefuseBeforeAnythingIsTouched) {
-  float value = 3;
   for (int i = 0; i < 3; ++i) {
-    float* mean = &value;  // not from malloc: must not be released
-    float sd = 4;
+    float value = 3, sd = 4, *mean = &value;  // not from malloc: must not be released
     testing::internal::CaptureStdout();
-    EXPECT_EQ(findMeanAndSD(i == 0 ? nullptr : &value, i == 1 ? 0 : 1, i == 2 ? 0 : 1, mean, sd),
-              -1);
+    EXPECT_EQ(findMeanAndSD(i == 0 ? nullptr : &value, i != 1, i != 2, mean, sd), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "Error: invalid input (inside Tube2DataTableConverter::findMeanAndSD())!\n");
     EXPECT_TRUE(mean == &value && value == 3 && sd == 4) << i;
@@ -47,18 +43,19 @@ TEST(MeanAndSD, RefuseBeforeAnythingIsTouched) {
 }
 
 TEST(MapValue, GoesThroughTheDirection) {
-  const auto map = [](float fromStart, float fromEnd, float value, float toStart, float toEnd) {
+  const float tolerance = 1e-6F, beyond = std::nextafter(tolerance, 1.0F);
+  const float cases[][6] = {
+      {0, 10, 20, 100, 200, 300},
+      {0, -tolerance, 1, 100, 200, 100},
+      {0, 1, 1, 0, tolerance, 0},
+      {0, beyond, beyond, 9, 10, 10},
+      {0, 1, 1, 0, beyond, beyond},
+      {.1F, .7F, .3F, -3, 11, 0x1.aaaab8p+0F}};  // 0x1.aaaabp+0 without the detour
+  for (const auto& [fromStart, fromEnd, value, toStart, toEnd, expected] : cases) {
     float result = 99;
     EXPECT_EQ(mapValue(fromStart, fromEnd, value, toStart, toEnd, result), 0);
-    return result;
-  };
-  const float tolerance = 1e-6F, beyond = std::nextafter(tolerance, 1.0F);
-  EXPECT_EQ(map(0, 10, 20, 100, 200), 300);
-  EXPECT_EQ(map(0, -tolerance, 1, 100, 200), 100);
-  EXPECT_EQ(map(0, 1, 1, 0, tolerance), 0);
-  EXPECT_EQ(map(0, beyond, beyond, 9, 10), 10);
-  EXPECT_EQ(map(0, 1, 1, 0, beyond), beyond);
-  EXPECT_EQ(map(.1F, .7F, .3F, -3, 11), 0x1.aaaab8p+0F) << "0x1.aaaabp+0 without the detour";
+    EXPECT_EQ(result, expected) << fromEnd << ", " << toEnd;
+  }
 }
 
 TEST(AnalyticHeaviside, RisesFrom0To1) {
