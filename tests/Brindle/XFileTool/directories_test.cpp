@@ -41,7 +41,7 @@ TEST_F(Directories, Exist) {
       {"/", true},         {"a \"b\"\n'c'", true}, {"link", true},
       {"link/", true},     {{"link\0x", 6}, true}, {"", false},
       {"dangling", false}, {"missing", false},     {"file", false},
-      {"file/", false},
+      {"file/", false},    {"/dev/null", false},
   };
   for (const auto& [path, answer] : cases) {
     const std::wstring wide(path.begin(), path.end());
