@@ -2,37 +2,28 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "reference/PlainComparison.h"
 #include "support/Bitstream.h"
+#include "support/Outcome.h"
 #include "support/ScratchDir.h"
 
 namespace {
 
-struct Comparison {
-  int result;
-  double distance;
-  std::string printed;
-};
+using Comparison = std::pair<std::pair<int, double>, std::string>;
 
-Comparison compare(const std::string& target, const std::string& query, unsigned int queryLength) {
-  Comparison comparison{0, -7.0, ""};
-  testing::internal::CaptureStdout();
-  comparison.result = ORV_CompareFeatures(target.data(), static_cast<unsigned int>(target.size()),
-                                          query.data(), queryLength, &comparison.distance);
-  comparison.printed = testing::internal::GetCapturedStdout();
-  return comparison;
+/// The result with the distance, which is -7 before, and what is printed.
+Comparison compare(const char* target, std::size_t targetLength, const char* query,
+                   std::size_t queryLength) {
+  return outcome([&] {
+    double distance = -7.0;
+    const int result = ORV_CompareFeatures(target, static_cast<unsigned int>(targetLength), query,
+                                           static_cast<unsigned int>(queryLength), &distance);
+    return std::pair(result, distance);
+  });
 }
 
-Comparison compare(const std::string& target, const std::string& query) {
-  return compare(target, query, static_cast<unsigned int>(query.size()));
-}
-
-std::string withBitsFlipped(std::string bytes, int bits) {
-  for (int i = 0; i < bits; ++i) {
-    bytes[static_cast<std::size_t>(i / 8)] ^= static_cast<char>(1 << (i % 8));
-  }
+std::string withBitsFlipped(std::string bytes, std::size_t bits) {
+  for (std::size_t i = 0; i < bits; ++i) bytes[i / 8] ^= static_cast<char>(1 << (i % 8));
   return bytes;
 }
 
@@ -41,44 +32,32 @@ TEST(CompareFeatures, HasAVersion) {
 }
 
 TEST(CompareFeatures, RefusesNullAndEmptyInput) {
-  double distance = -7.0;
-  const struct {
-    const char* target;
-    unsigned int targetLength;
-    const char* query;
-    unsigned int queryLength;
-    double* distance;
-  } cases[] = {{nullptr, 1, "q", 1, &distance},
-               {"t", 0, "q", 1, &distance},
-               {"t", 1, nullptr, 1, &distance},
-               {"t", 1, "q", 0, &distance},
-               {"t", 1, "q", 1, nullptr}};
-  for (const auto& c : cases) {
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(ORV_CompareFeatures(c.target, c.targetLength, c.query, c.queryLength, c.distance),
-              -1);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "ORV_CompareFeatures: Invalid input\n");
-    EXPECT_EQ(distance, -7.0);
-  }
+  const Comparison refused = {{-1, -7.0}, "ORV_CompareFeatures: Invalid input\n"};
+  EXPECT_EQ(compare(nullptr, 1, "q", 1), refused);
+  EXPECT_EQ(compare("t", 0, "q", 1), refused);
+  EXPECT_EQ(compare("t", 1, nullptr, 1), refused);
+  EXPECT_EQ(compare("t", 1, "q", 0), refused);
+  EXPECT_EQ(outcome(ORV_CompareFeatures, "t", 1, "q", 1, nullptr), std::pair(-1, refused.second));
 }
 
-TEST(CompareFeatures, TakesAQueryOfEqualLengthAsOneFeature) {
-  const std::string zeros(16, '\0');
-  const std::string bitstream = bitstreamHeader(7, 1) + frame("feature");
-  const struct {
-    std::string target, query;
-    double distance;
-  } cases[] = {
-      {zeros, zeros, 0.0},
-      {zeros, std::string(16, '\xFF'), 1.0},
-      {zeros, withBitsFlipped(zeros, 1), 0.0078125},
-      {bitstream, bitstream, 0.0},
+TEST(CompareFeatures, TakesAQueryOfEqualLengthAsOneFeatureAndOthersAsBitstreams) {
+  const std::string zeros(16, '\0'), ones(16, '\xFF'), v7 = bitstreamHeader(7, 1);
+  const std::string none =
+      "ORV_CompareFeatures: Invalid bitstream (Target Bitstream length: 16).\n";
+  const std::tuple<std::string, std::string, Comparison> cases[] = {
+      // clang-format off
+      {zeros, zeros, {{0, 0.0}, ""}},
+      {zeros, ones, {{0, 1.0}, ""}},
+      {zeros, withBitsFlipped(zeros, 1), {{0, 0.0078125}, ""}},
+      {v7 + frame("feature"), v7 + frame("feature"), {{0, 0.0}, ""}},
+      {zeros, v7 + frame("1234567"), {{-1, 1.0}, "read: Invalid feature length (7)\n" + none}},
+      {zeros, v7 + frame(""), {{-1, 1.0}, none}},
+      {zeros, bitstreamHeader(8, 1) + frame(zeros), {{-1, 1.0}, none}},
+      {zeros, "1234567", {{-1, 1.0}, "read: Bitstream too short\n" + none}},
+      // clang-format on
   };
-  for (const auto& c : cases) {
-    const Comparison comparison = compare(c.target, c.query);
-    EXPECT_EQ(comparison.result, 0);
-    EXPECT_EQ(comparison.distance, c.distance);
-    EXPECT_EQ(comparison.printed, "");
+  for (const auto& [target, query, expected] : cases) {
+    EXPECT_EQ(compare(target.data(), target.size(), query.data(), query.size()), expected) << query;
   }
 }
 
@@ -87,34 +66,11 @@ TEST(CompareFeatures, FindsTheClosestFeatureOfABitstream) {
   const std::string bitstream = bitstreamHeader(7, 5) + frame(withBitsFlipped(target, 9)) +
                                 frameHeader(0) + frame(withBitsFlipped(target, 4)) +
                                 frameHeader(77) + frame(withBitsFlipped(target, 5));
-  const Comparison comparison = compare(target, bitstream);
-  EXPECT_EQ(comparison.result, 0);
-  EXPECT_EQ(comparison.distance, 4.0 / 512.0);
-  EXPECT_EQ(comparison.distance, plainBitstreamDistance(target.data(), 64, bitstream.data()));
-  EXPECT_EQ(comparison.printed, "read: Invalid feature length (77)\n");
-
+  const Comparison closest = {{0, 4.0 / 512.0}, "read: Invalid feature length (77)\n"};
+  EXPECT_EQ(plainBitstreamDistance(target.data(), 64, bitstream.data()), 4.0 / 512.0);
   // Only the announced frames bound the search, not the length that is passed.
-  EXPECT_EQ(compare(target, bitstream, 8).distance, 4.0 / 512.0);
-}
-
-TEST(CompareFeatures, FailsWhereNoFeatureHasTheTargetsLength) {
-  const std::string target = "12345678";
-  const std::string last = "ORV_CompareFeatures: Invalid bitstream (Target Bitstream length: 8).\n";
-  const struct {
-    std::string query, readerMessage;
-  } cases[] = {
-      {bitstreamHeader(7, 1) + frame("1234567"), "read: Invalid feature length (7)\n"},
-      {bitstreamHeader(7, 1) + frame(""), ""},
-      {bitstreamHeader(7, 0), "read: Invalid number of frame (0)\n"},
-      {bitstreamHeader(8, 1) + frame(target), ""},
-      {bitstreamHeader(6, 1) + frame(target), "read: Invalid bitstream version (6)\n"},
-      {"1234567", "read: Bitstream too short\n"},
-  };
-  for (const auto& c : cases) {
-    const Comparison comparison = compare(target, c.query);
-    EXPECT_EQ(comparison.result, -1);
-    EXPECT_EQ(comparison.distance, 1.0);
-    EXPECT_EQ(comparison.printed, c.readerMessage + last);
+  for (const std::size_t length : {std::size_t{8}, bitstream.size()}) {
+    EXPECT_EQ(compare(target.data(), 64, bitstream.data(), length), closest) << length;
   }
 }
 

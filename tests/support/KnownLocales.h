@@ -1,30 +1,24 @@
-// The locales that file tools convert in, made known to the process while the object lives: each is
-// C.utf8 under another name.
+// Tests in which the process knows the locales that file tools convert in: each is C.utf8 under
+// another name. They are skipped where C.utf8 is kept in another folder.
 #pragma once
 
 #include <clocale>
 #include <cstdlib>
-#include <filesystem>
 
-#include "support/ScratchDir.h"
+#include "support/InScratchDir.h"
 
-class KnownLocales {
- public:
-  KnownLocales() {
+struct KnownLocales : InScratchDir {
+  void SetUp() override {
     for (const char* name : {"C.utf8", "chinese", "en_US.UTF-8"}) {
-      std::filesystem::create_directory_symlink("/usr/lib/locale/C.utf8", dir_ / name);
+      std::filesystem::create_directory_symlink("/usr/lib/locale/C.utf8", locales / name);
     }
-    setenv("LOCPATH", dir_.path().c_str(), 1);
+    setenv("LOCPATH", locales.path().c_str(), 1);
+    if (!std::setlocale(LC_ALL, "chinese") || !std::setlocale(LC_ALL, "en_US.UTF-8")) {
+      GTEST_SKIP() << "needs /usr/lib/locale/C.utf8";
+    }
   }
-  ~KnownLocales() { unsetenv("LOCPATH"); }
-
-  /// False where C.utf8 is not kept in that folder.
-  bool areUsable() const {
-    return std::setlocale(LC_ALL, "chinese") && std::setlocale(LC_ALL, "en_US.UTF-8");
-  }
-
- private:
-  const ScratchDir dir_;
+  ~KnownLocales() override { unsetenv("LOCPATH"); }
+  const ScratchDir locales;
 };
 
 /// The process's locale after `call`, which begins in C.

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 
@@ -38,4 +39,9 @@ inline std::string randomBytes(std::size_t length, unsigned int seed) {
   std::string bytes(length, '\0');
   for (char& byte : bytes) byte = static_cast<char>(engine());
   return bytes;
+}
+
+inline std::string readAll(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }

@@ -1,6 +1,6 @@
 #include "Brindle/XFileTool/operations.h"
 
-#include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <climits>
 #include <csignal>
@@ -8,8 +8,7 @@
 
 #include "Brindle/BrindleErrcode.h"
 #include "support/KnownLocales.h"
-#include "support/OpenFiles.h"
-#include "support/RunProgram.h"
+#include "support/Outcome.h"
 
 std::vector<unsigned int> pauses;  // in microseconds
 
@@ -38,14 +37,12 @@ struct FourByteFiles {
   rlimit before;
 };
 
-/// Works in a folder of its own, with codes that have moved.
-struct Operations : testing::Test {
+/// Works with codes that have moved.
+struct Operations : InScratchDir {
   Operations() {
-    fs::current_path(dir.path());
     xErrSetOffsetBrindle(300);
     renew();
   }
-  ~Operations() override { fs::current_path("/"); }
   void renew() const {
     for (const auto& entry : fs::directory_iterator(".")) fs::remove_all(entry.path());
     for (Text folder : {"dir/sub", "hollow", "late"}) fs::create_directories(folder);
@@ -57,8 +54,6 @@ struct Operations : testing::Test {
   static std::string left(const std::string& path) {
     return fs::is_regular_file(path) ? readAll(path) : "none";
   }
-  const ScratchDir dir;
-  const OpenFiles remain;
 };
 
 TEST_F(Operations, TellWhatExistsToNarrowPathsOnly) {
@@ -71,10 +66,10 @@ TEST_F(Operations, TellWhatExistsToNarrowPathsOnly) {
 }
 
 TEST_F(Operations, DeleteWithRetries) {
-  using Row = std::tuple<int, int, Pauses>;
-  for (const auto& [retries, waitMs, expected] :
-       {Row(2, 10, {10'000, 10'000, 10'000}), Row(0, 1, {1000}), Row(-1, 9, {}), Row(0, -7, {0}),
-        Row(0, 4'294'967, {4'294'967'000}), Row(0, INT_MAX, {UINT_MAX})}) {
+  const std::tuple<int, int, Pauses> cases[] = {
+      {2, 10, Pauses(3, 10'000)},      {0, 1, {1000}},          {-1, 9, {}}, {0, -7, {0}},
+      {0, 4'294'967, {4'294'967'000}}, {0, INT_MAX, {UINT_MAX}}};
+  for (const auto& [retries, waitMs, expected] : cases) {
     EXPECT_FALSE(xDeleteFile(std::wstring(L"dir"), retries, waitMs));
     EXPECT_EQ(std::exchange(pauses, {}), expected) << retries << ' ' << waitMs;
   }
@@ -88,9 +83,7 @@ TEST_F(Operations, DeleteWithRetries) {
   EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 3);
 }
 
-TEST_F(Operations, DeleteWhatAWidePathIsCutTo) {
-  const KnownLocales locales;
-  if (!locales.areUsable()) GTEST_SKIP() << "C.utf8 is kept elsewhere";
+TEST_F(KnownLocales, CutTheWidePathThatIsDeleted) {
   for (Text file : {"日", "日日"}) dir.write(file, "");
   EXPECT_EQ(localeAfter([] { EXPECT_TRUE(xDeleteFile(std::wstring(L"日日日"), -1, 0)); }),
             "chinese");
@@ -160,9 +153,7 @@ TEST_F(Operations, WriteIntoAnExistingFileAndSynchronise) {
         Row("/dev/full", "a", UINT_MAX, 0, kWriteCode, "0123456789",
             message("writing -1 byte data to /dev/full", ENOSPC))}) {
     dir.write("ten", "0123456789");
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(xWriteFileThroughCache(path, data, size, offset), code);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), printed);
+    EXPECT_EQ(outcome(xWriteFileThroughCache, path, data, size, offset), std::pair(code, printed));
     EXPECT_EQ(left("ten"), expected) << printed;
   }
   dir.write("ten", "");

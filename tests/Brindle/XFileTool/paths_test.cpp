@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <vector>
 
 #include "Brindle/BrindleErrcode.h"
 #include "support/KnownLocales.h"
@@ -18,14 +17,9 @@ std::basic_string<Char> as(const std::string& text) {
   return {text.begin(), text.end()};
 }
 
-template <class Char>
-using Block = std::unique_ptr<Char[], void (*)(void*)>;
-
-struct Row {
+constexpr struct Row {
   const char *path, *extension, *name, *folder, *dotExtension, *base, *uniform, *fixed;
-};
-
-constexpr Row kRows[] = {
+} kRows[] = {
     {"", "", "", "", "", "", "", ""},
     {"my file", "file", "my file", "", "", "my file", "my file", "my file/"},
     {"... ", "", "... ", "", ". ", "..", "... ", "... /"},
@@ -42,8 +36,9 @@ template <class Char>
 void expectRow(const Row& row) {
   const auto path = as<Char>(row.path), name = as<Char>(row.name), folder = as<Char>(row.folder);
   const auto dotExtension = as<Char>(row.dotExtension);
-  const Block<Char> extension(xGetFileExtension(path.c_str()), std::free);
-  const Block<Char> component(xGetFileNameExtension(path.c_str()), std::free);
+  using Block = std::unique_ptr<Char[], void (*)(void*)>;
+  const Block extension(xGetFileExtension(path.c_str()), std::free);
+  const Block component(xGetFileNameExtension(path.c_str()), std::free);
   extension[1023] = component[1023] = Char{};
   EXPECT_TRUE(extension.get() == as<Char>(row.extension) && component.get() == name);
   EXPECT_EQ(xGetFileExtension(path, true), dotExtension);
@@ -117,24 +112,20 @@ TEST(ExtensionCheck, IsOfTheExtensionWhenNarrowAndOfTheNameWhenWide) {
   expectMatch("", "x", false, false);
 }
 
-TEST(NarrowPaths, AreConvertedAndCutInALocaleThatStays) {
-  const KnownLocales known;
-  if (!known.areUsable()) GTEST_SKIP() << "needs /usr/lib/locale/C.utf8";
+TEST_F(KnownLocales, StayWhereNarrowPathsAreConvertedAndCut) {
   EXPECT_EQ(localeAfter([] { xIsPathAbsolute(std::string()); }), "chinese");
   EXPECT_EQ(localeAfter([] { xFixFolderPath(std::string()); }), "en_US.UTF-8");
   EXPECT_EQ(localeAfter([] { xUniformFilePath(std::string()); }), "en_US.UTF-8");
-  const struct {
-    std::string path, uniform, fixed;
-  } cuts[] = {
+  const std::tuple<std::string, std::string, std::string> cuts[] = {
       {"\u4e2d\u6587", "\u4e2d", "\u4e2d\u6587/"},  // room for 5 bytes, for 7 with the slash
       {"\u4e2d\u6587\u4e2d", "\u4e2d\u6587", "\u4e2d\u6587\u4e2d"},  // for 7, for 9
       {"\u00e4\xff/b", "\u00e4", "\u00e4/"},
       {"\xff/tmp", "", ""},
       {std::string("a\0b", 3), "a", "a/"},
   };
-  for (const auto& cut : cuts) {
-    EXPECT_EQ(xUniformFilePath(cut.path), cut.uniform) << cut.path;
-    EXPECT_EQ(xFixFolderPath(cut.path), cut.fixed) << cut.path;
+  for (const auto& [path, uniform, fixed] : cuts) {
+    EXPECT_EQ(xUniformFilePath(path), uniform) << path;
+    EXPECT_EQ(xFixFolderPath(path), fixed) << path;
   }
 }
 

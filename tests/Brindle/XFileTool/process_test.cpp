@@ -1,7 +1,6 @@
 #include "Brindle/XFileTool/process.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,6 +8,7 @@
 #include <filesystem>
 
 #include "Brindle/XFileTool/paths.h"
+#include "support/Outcome.h"
 
 std::string executable;  // what the system tells instead of the truth, if not empty
 
@@ -30,26 +30,27 @@ TEST(Process, KnowsWhereItsExecutableIs) {
 
   const std::string p1020(1020, 'p'), p4093(4093, 'p');
   const std::string message = std::string("Fail to readlink: ") + strerror(EACCES) + "\n";
-  using Row = std::tuple<std::string, std::string, std::string, std::string>;
-  for (const auto& [told, path, folder, printed] :
-       {Row("/prog", "/prog", "", ""), Row("/a\\b  c//d", "/a\\b  c//d", "/a/b  c/", ""),
-        Row("/d/" + p1020, "/d/" + p1020, "/d/", ""),
-        Row("/d/" + p1020 + "/x", "/d/" + p1020, "/d/" + p1020 + "/", ""),
-        Row("/" + p4093 + "/x", "/" + p1020 + "pp", "/" + p4093 + "/", ""),
-        Row("/p" + p4093 + "/x", "/" + p1020 + "pp", "", ""), Row("refused", "", "", message)}) {
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
+      {"/prog", "/prog", "", ""},
+      {"refused", "", "", message},
+      {"/a\\b  c//d", "/a\\b  c//d", "/a/b  c/", ""},
+      {"/d/" + p1020, "/d/" + p1020, "/d/", ""},
+      {"/d/" + p1020 + "/x", "/d/" + p1020, "/d/" + p1020 + "/", ""},
+      {"/" + p4093 + "/x", "/" + p1020 + "pp", "/" + p4093 + "/", ""},
+      {"/p" + p4093 + "/x", "/" + p1020 + "pp", "", ""},
+  };
+  for (const auto& [told, path, folder, printed] : cases) {
     executable = told;
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(xGetCurrentAppPath(), path);
-    EXPECT_EQ(xGetCurrentAppDir(), folder) << told;
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), printed);
+    EXPECT_EQ(outcome(xGetCurrentAppPath), std::pair(path, printed)) << told;
+    EXPECT_EQ(outcome(xGetCurrentAppDir), std::pair(folder, std::string())) << told;
   }
   executable.clear();
 }
 
 TEST(Process, SplitsEnvironmentVariables) {
-  using Row = std::pair<const char*, std::vector<std::string>>;
-  for (const auto& [value, elements] : {Row("", {""}), Row(":", {"", ""}), Row("/bin", {"/bin"}),
-                                        Row("a::b :", {"a", "", "b ", ""})}) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"", {""}}, {":", {"", ""}}, {"/bin", {"/bin"}}, {"a::b :", {"a", "", "b ", ""}}};
+  for (const auto& [value, elements] : cases) {
     setenv("BRINDLE_TEST", value, 1);
     EXPECT_EQ(xGetEnvVariable("BRINDLE_TEST"), elements) << value;
   }

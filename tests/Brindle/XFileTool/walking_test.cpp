@@ -1,11 +1,9 @@
 #include "Brindle/XFileTool/walking.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,8 +11,7 @@
 #include <set>
 
 #include "support/KnownLocales.h"
-#include "support/OpenFiles.h"
-#include "support/ScratchDir.h"
+#include "support/Outcome.h"
 
 /// Enters a folder as the system does, but for one that vanishes just before.
 extern "C" int chdir(const char* path) noexcept {
@@ -25,15 +22,14 @@ extern "C" int chdir(const char* path) noexcept {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 using Paths = std::vector<std::string>;
+using FileList = InScratchDir;
 
-/// Works in a folder of its own.
-struct Walking : testing::Test {
-  Walking() { fs::current_path(dir.path()); }
+struct Walking : InScratchDir {
   ~Walking() override {
     for (int i = 0; i < count; ++i) std::free(files[i]);
     std::free(files);
-    fs::current_path("/");
   }
   Paths walked(const char* path, FILE_WALKING_OPTION option, bool recursive) {
     std::error_code removed;
@@ -45,18 +41,15 @@ struct Walking : testing::Test {
   void expectAbort(const char* path, FILE_WALKING_OPTION option, bool recursive) {
     EXPECT_EXIT(walked(path, option, recursive), testing::KilledBySignal(SIGABRT), "^$") << path;
   }
-  const ScratchDir dir;
-  const OpenFiles remain;
   char** files = nullptr;
   int count = 0;
 };
 
 TEST_F(Walking, ListsFoldersFirstByBytesAndDepthFirst) {
   for (const char* folder : {"r/b", "r/a/\n ", "r/a/e", "r/..."}) fs::create_directories(folder);
-  for (const char* file :
-       {"r/z", "r/B", "r/9", "r/10", "r/\xE4", "r/a/\n /'\"", "r/b/x", "r/.h", "r/..a"}) {
-    dir.write(file, "");
-  }
+  const Paths plain = {"r/z",         "r/B",   "r/9",  "r/10", "r/\xE4",
+                       "r/a/\n /'\"", "r/b/x", "r/.h", "r/..a"};
+  for (const std::string& file : plain) dir.write(file, "");
   fs::create_directory_symlink(".", "r/link");
   ASSERT_EQ(mkfifo("r/p", 0600), 0);
   const Paths all = {"r/...",  "r/a", "r/b", "r/..a",  "r/.h",    "r/10",  "r/9",         "r/B",
@@ -122,10 +115,9 @@ TEST_F(Walking, ReportsWhatItCannotEnterOrRead) {
   fs::permissions(dir.path(), fs::perms(0755));
   fs::create_directories("r/shut");
   fs::create_directories("r/z/y");
-  const auto expectPrinted = [this](const char* path, const std::string& printed) {
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(walked(path, WALK_ALL, true), (Paths{"r/shut", "r/z", "r/z/y"}));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), printed);
+  const Paths all = {"r/shut", "r/z", "r/z/y"};
+  const auto expectPrinted = [&](const char* path, const std::string& printed) {
+    EXPECT_EQ(outcome([&] { return walked(path, WALK_ALL, true); }), std::pair(all, printed));
   };
   expectPrinted("r", "");
   expectPrinted("missing", "Error: cannot goto target directory!\n");
@@ -177,48 +169,45 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   munmap(pages, 8192);
 }
 
-TEST(FileList, HoldsAllNamesOfAFolderInTheSystemsOrder) {
-  const ScratchDir dir;
-  const OpenFiles remain;
+TEST_F(FileList, HoldsAllNamesOfAFolderInTheSystemsOrder) {
   for (const char* name : {"b", "a b \"c\"\n", ".h", "1", "2"}) dir.write(name, "");
   Paths names;
-  DIR* folder = opendir(dir.path().c_str());
+  DIR* folder = opendir(".");
   while (const dirent* entry = readdir(folder)) names.push_back(entry->d_name);
   closedir(folder);
   EXPECT_EQ(names.size(), 7U);
   EXPECT_EQ(xGetFileList(dir.path()), names);
   std::vector<std::wstring> wideNames;
   for (const auto& name : names) wideNames.emplace_back(name.begin(), name.end());
-  EXPECT_EQ(xGetFileList(std::wstring(dir.path().begin(), dir.path().end())), wideNames);
-  EXPECT_TRUE(xGetFileList(dir / "b").empty() && xGetFileList(std::wstring()).empty());
+  EXPECT_EQ(xGetFileList(std::wstring(L".")), wideNames);
+  EXPECT_TRUE(xGetFileList(std::string("b")).empty() && xGetFileList(std::wstring()).empty());
 }
 
-TEST_F(Walking, ListsWideNamesOfWhatTheFolderIsCutTo) {
-  const KnownLocales locales;
-  if (!locales.areUsable()) GTEST_SKIP() << "C.utf8 is kept elsewhere";
+TEST_F(KnownLocales, CutTheWideFolderThatIsListedAndItsNames) {
   fs::create_directories("日日/é日");
   dir.write("日日/a\xff", "");
-  const auto list = [](const wchar_t* folder, std::set<std::wstring> expected) {
-    const auto names = xGetFileList(std::wstring(folder));
-    EXPECT_EQ(std::set<std::wstring>(names.begin(), names.end()), expected);
-  };
-  const std::set<std::wstring> all = {L".", L"..", L"a", L"é日"};
-  EXPECT_EQ(localeAfter([&] { list(L"./日日", all); }), "chinese");
-  EXPECT_EQ(localeAfter([&] { list(L"日日日", all); }), "chinese");
+  for (const std::wstring folder : {L"./日日", L"日日日"}) {
+    std::vector<std::wstring> names;
+    EXPECT_EQ(localeAfter([&] { names = xGetFileList(folder); }), "chinese");
+    EXPECT_EQ(std::set(names.begin(), names.end()), (std::set{L"."s, L".."s, L"a"s, L"é日"s}));
+  }
 }
 
-TEST(FileList, IsNotAskedFromTheUser) {
+TEST_F(FileList, IsNotAskedFromTheUser) {
   std::string text = "t";
   std::wstring wideText = L"t";
   Paths names = {"n"};
   std::vector<std::wstring> wideNames = {L"n"};
   std::vector<Paths> filters = {names};
-  testing::internal::CaptureStdout();
-  EXPECT_FALSE(xGetFileNames(text, text, names) || xGetFileNames(wideText, wideText, wideNames));
-  EXPECT_EQ(xCPFileDialog(&text, text.data(), text.data(), filters, text.data(), 1), 0);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Not supported!\nNot supported!\n");
-  EXPECT_TRUE(text == "t" && wideText == L"t" && names == Paths{"n"} && filters[0] == names);
-  EXPECT_EQ(wideNames, std::vector<std::wstring>{L"n"});
+  const std::pair refusal(false, std::string("Not supported!\n"));
+  EXPECT_EQ(outcome([&] { return xGetFileNames(text, text, names); }), refusal);
+  EXPECT_EQ(outcome([&] { return xGetFileNames(wideText, wideText, wideNames); }), refusal);
+  const auto ask = [&] {
+    return xCPFileDialog(&text, text.data(), text.data(), filters, text.data(), 1);
+  };
+  EXPECT_EQ(outcome(ask), std::pair(0, std::string()));
+  EXPECT_TRUE(text == "t" && names == Paths{"n"} && filters == std::vector<Paths>{{"n"}});
+  EXPECT_TRUE(wideText == L"t" && wideNames == std::vector<std::wstring>{L"n"});
 }
 
 }  // namespace

@@ -2,15 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 namespace {
 
 TEST(ReplaceSubString, GoesFromLeftToRightOnce) {
-  const struct {
-    std::string text, pattern, replacement, result;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
       {"aXbXc", "X", "XX", "aXXbXXc"},
       {"aaaa", "aa", "a", "aa"},
       {"aaa", "aa", "b", "ba"},
@@ -20,32 +15,25 @@ TEST(ReplaceSubString, GoesFromLeftToRightOnce) {
       {"abc", "abcd", "x", "abc"},
       {"aXbb", "Xb", "Xbb", "aXbbb"},
   };
-  for (const auto& c : cases) {
-    std::string text = c.text;
-    replaceSubString(text, c.pattern, c.replacement);
-    EXPECT_EQ(text, c.result) << c.text << ", " << c.pattern;
+  for (const auto& [source, pattern, replacement, result] : cases) {
+    std::string text = source;
+    replaceSubString(text, pattern, replacement);
+    EXPECT_EQ(text, result) << source << ", " << pattern;
   }
 }
 
 TEST(StringTokenizer, KeepsNoEmptyPieces) {
-  const struct {
-    std::string text;
-    const char* delimiters;
-    std::vector<std::string> tokens;
-  } cases[] = {
-      {"a,,b,", ",", {"a", "b"}},
-      {",;a;b", ",;", {"a", "b"}},
-      {"a", ",", {"a"}},
-      {"", ",", {""}},
-      {"/", "/", {}},
-      {",,,", ",", {}},
-      {"a,b", nullptr, {"a,b"}},
-      {"a,b", "", {"a,b"}},
-      {"", nullptr, {""}},
-      {",a", ",", {"a"}},
+  const std::tuple<std::string, const char*, std::vector<std::string>> cases[] = {
+      {"a,,b,", ",", {"a", "b"}}, {",;a;b", ",;", {"a", "b"}},
+      {"a", ",", {"a"}},          {"", ",", {""}},
+      {",,,", ",", {}},           {"/", "/", {}},
+      {"", nullptr, {""}},        {"a,b", nullptr, {"a,b"}},
+      {"a,b", "", {"a,b"}},       {",a", ",", {"a"}},
       {"ab,c", ",", {"ab", "c"}},
   };
-  for (const auto& c : cases) EXPECT_EQ(stringTokenizer(c.text, c.delimiters), c.tokens) << c.text;
+  for (const auto& [text, delimiters, tokens] : cases) {
+    EXPECT_EQ(stringTokenizer(text, delimiters), tokens) << text;
+  }
 }
 
 TEST(GetPathLastName, TakesBothKindsOfSlash) {
