@@ -37,7 +37,7 @@ TEST(CompareFeatures, RefusesNullAndEmptyInput) {
   EXPECT_EQ(compare("t", 0, "q", 1), refused);
   EXPECT_EQ(compare("t", 1, nullptr, 1), refused);
   EXPECT_EQ(compare("t", 1, "q", 0), refused);
-  EXPECT_EQ(outcome(ORV_CompareFeatures, "t", 1, "q", 1, nullptr), std::pair(-1, refused.second));
+  EXPECT_EQ(outcome(ORV_CompareFeatures, "t", 1U, "q", 1U, nullptr), std::pair(-1, refused.second));
 }
 
 TEST(CompareFeatures, TakesAQueryOfEqualLengthAsOneFeatureAndOthersAsBitstreams) {
