@@ -1,18 +1,13 @@
 #include "HammingScore.h"
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
-#include "Brindle/processorHas.h"
+#include "detail/dispatch.h"
+#include "detail/load.h"
+#include "detail/wrap.h"
 
-#define AVX512_POPCOUNT "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt"
-#ifdef __clang__
-#define AVX512_TARGET AVX512_POPCOUNT
-#else
-#define AVX512_TARGET AVX512_POPCOUNT ",prefer-vector-width=512"
-#endif
+using namespace vorquell::detail;
 
 // clang-format off
 const int numOnesInByte[256] = {
@@ -31,11 +26,7 @@ namespace {
 
 template <class Word>
 [[gnu::always_inline]] inline std::uint64_t differingBits(const char* a, const char* b) {
-  Word wordA;
-  Word wordB;
-  std::memcpy(&wordA, a, sizeof(Word));
-  std::memcpy(&wordB, b, sizeof(Word));
-  return static_cast<Word>(wordA ^ wordB);
+  return static_cast<Word>(load<Word>(a) ^ load<Word>(b));
 }
 
 /// The differing bits of fewer than 8 bytes, packed into one word.
@@ -73,8 +64,8 @@ template <class Word>
   return count;
 }
 
-__attribute__((target(AVX512_TARGET))) std::uint64_t countBitsAvx512(const char* a, const char* b,
-                                                                     std::size_t length) {
+__attribute__((target(VORQUELL_AVX512))) std::uint64_t countBitsAvx512(const char* a, const char* b,
+                                                                       std::size_t length) {
   return countBits(a, b, length);
 }
 
@@ -87,35 +78,19 @@ std::uint64_t countBitsPlain(const char* a, const char* b, std::size_t length) {
   return countBits(a, b, length);
 }
 
-using BitCounter = std::uint64_t(const char* a, const char* b, std::size_t length);
-
-BitCounter* fastestCounter() {
-  if (PROCESSOR_HAS(AVX512_VPOPCNTDQ, "avx512vpopcntdq") && PROCESSOR_HAS(AVX512VL, "avx512vl") &&
-      PROCESSOR_HAS(AVX512BW, "avx512bw")) {
-    return countBitsAvx512;
-  }
-  if (PROCESSOR_HAS(POPCNT, "popcnt")) return countBitsPopcnt;
-  return countBitsPlain;
-}
-
-std::uint64_t chooseAndCount(const char* a, const char* b, std::size_t length);
-
-/// Starts as the function that replaces it by the fastest one; any thread may do that first.
-std::atomic<BitCounter*> bitCounter{chooseAndCount};
-
-std::uint64_t chooseAndCount(const char* a, const char* b, std::size_t length) {
-  BitCounter* const fastest = fastestCounter();
-  bitCounter.store(fastest, std::memory_order_relaxed);
-  return fastest(a, b, length);
-}
+constexpr Variant<std::uint64_t(const char*, const char*, std::size_t)> kBitCounters[] = {
+    {InstructionSet::kAvx512, countBitsAvx512},
+    {InstructionSet::kPopcnt, countBitsPopcnt},
+    {InstructionSet::kBaseline, countBitsPlain},
+};
 
 }  // namespace
 
 double calculateScores(const char* a, const char* b, int length) {
-  BitCounter* const count = bitCounter.load(std::memory_order_relaxed);
-  const std::uint64_t bits = length > 0 ? count(a, b, static_cast<std::size_t>(length)) : 0;
+  const std::uint64_t bits =
+      length > 0 ? Dispatch<kBitCounters>::call(a, b, static_cast<std::size_t>(length)) : 0;
   // Both numbers wrap around in 32 bits.
-  const auto total = static_cast<std::int32_t>(static_cast<std::uint32_t>(bits));
-  const auto divisor = static_cast<std::int32_t>(static_cast<std::uint32_t>(length) * 8U);
+  const std::int32_t total = wrapped(bits);
+  const std::int32_t divisor = wrappingMultiply(length, 8);
   return static_cast<double>(total) / static_cast<double>(divisor);
 }

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "FrameWalk.h"
+#include "Bitstream.h"
 #include "HammingScore.h"
 
 using namespace vorquell::detail;
@@ -15,7 +15,7 @@ constexpr char kFunctionName[] = "ORV_CompareFeatures";
 /// one, and one that is not a number. Returns whether there was a feature to score.
 bool scoreBitstream(const char* target, unsigned int targetLength, const char* query,
                     unsigned int queryLength, double* distance) {
-  if (supportedVersion(query, queryLength) != 7) return false;
+  if (readVersion(query, queryLength) != 7) return false;
   bool anyScored = false;
   forEachFeature(query, targetLength, [&](const char* feature) {
     const double score = calculateScores(target, feature, static_cast<int>(targetLength));

@@ -1,11 +1,11 @@
 // The command-line tool: two paths in, one distance out. Its exit status is always 0; what went
-// wrong is told on standard output.
+// wrong is printed on standard output.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
-#include "Brindle/XFileTool.h"
-#include "FeatureReader.h"
+#include "Bitstream.h"
+#include "Brindle/XFileTool/loading.h"
 #include "ORV_CompareFeatures.h"
 
 namespace {
@@ -24,8 +24,8 @@ class Object {
   }
   const char* bytes() const { return reinterpret_cast<const char*>(buffer_); }
   std::uint64_t length() const { return length_; }
-  /// The comparison takes 32-bit lengths: those of 4 GiB and more are cut.
-  unsigned int cutLength() const { return static_cast<unsigned int>(length_); }
+  /// The comparison takes 32-bit lengths: those of 4 GiB and more are truncated.
+  unsigned int truncatedLength() const { return static_cast<unsigned int>(length_); }
 
  private:
   unsigned char* buffer_ = nullptr;
@@ -55,10 +55,11 @@ void compareFiles(const char* targetPath, const char* queryPath) {
   }
 
   double distance = 0.0;
-  const bool isWhole = queryFramesFit(query.bytes(), query.length(), target.length());
+  const bool isWhole =
+      vorquell::detail::isQueryWhole(query.bytes(), query.length(), target.length());
   const bool isCompared =
-      isWhole && ORV_CompareFeatures(target.bytes(), target.cutLength(), query.bytes(),
-                                     query.cutLength(), &distance) == 0;
+      isWhole && ORV_CompareFeatures(target.bytes(), target.truncatedLength(), query.bytes(),
+                                     query.truncatedLength(), &distance) == 0;
   target.release();
   query.release();
 

@@ -1,6 +1,6 @@
 #include "Brindle/BrindleErrcode.h"
 
-#include "Brindle/conditionCode.h"
+#include "Brindle/detail/condition.h"
 
 int gErrOffsetBrindle = -20000;
 

@@ -8,6 +8,10 @@
 #include <cstring>
 #include <cwchar>
 
+#include "detail/dispatch.h"
+
+using namespace vorquell::detail;
+
 namespace {
 
 using Byte = std::uint8_t;
@@ -18,13 +22,13 @@ constexpr std::size_t kBlock = 2048;     // bytes looked at before the next earl
 // The bitwise operators keep the two loops below free of branches, so that they are vectorised.
 
 /// Whether an ASCII byte is none that text may hold.
-inline bool isRefusedAscii(Byte byte) {
+[[gnu::always_inline]] inline bool isRefusedAscii(Byte byte) {
   const bool isControl = (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
   return isControl | (byte == 0x7F);
 }
 
 /// Whether the byte at `at` must not follow the three bytes before it, which are readable.
-inline bool breaksSequence(const Byte* at) {
+[[gnu::always_inline]] inline bool breaksSequence(const Byte* at) {
   const Byte byte = at[0];
   const Byte before = at[-1];
   const bool isTail = (byte & 0xC0) == 0x80;
@@ -35,30 +39,28 @@ inline bool breaksSequence(const Byte* at) {
   return (isTail != mustBeTail) | isNoByte | isOverlong | isOutOfRange | isRefusedAscii(byte);
 }
 
-__attribute__((target_clones("avx2", "default"))) bool isAscii(const Byte* bytes,
-                                                               std::size_t length) {
+[[gnu::always_inline]] inline bool isAscii(const Byte* bytes, std::size_t length) {
   Byte all = 0;
   for (std::size_t i = 0; i < length; ++i) all |= bytes[i];
   return all < 0x80;
 }
 
-__attribute__((target_clones("avx2", "default"))) bool isRefusedAsciiIn(const Byte* bytes,
-                                                                        std::size_t length) {
+[[gnu::always_inline]] inline bool isRefusedAsciiIn(const Byte* bytes, std::size_t length) {
   Byte refused = 0;
   for (std::size_t i = 0; i < length; ++i) refused |= static_cast<Byte>(isRefusedAscii(bytes[i]));
   return refused != 0;
 }
 
 /// The three bytes before `bytes` must be readable; they belong to the text before it.
-__attribute__((target_clones("avx2", "default"))) bool breaksSequenceIn(const Byte* bytes,
-                                                                        std::size_t length) {
+[[gnu::always_inline]] inline bool breaksSequenceIn(const Byte* bytes, std::size_t length) {
   Byte broken = 0;
   for (std::size_t i = 0; i < length; ++i) broken |= static_cast<Byte>(breaksSequence(bytes + i));
   return broken != 0;
 }
 
-/// Checks text of which the three bytes before `bytes` are known to be good.
-bool isWellFormed(const Byte* bytes, std::size_t length) {
+/// Checks text of which the three bytes before `bytes` are known to be good. Inlined into one
+/// function for each instruction set, whose registers the loops then fill.
+[[gnu::always_inline]] inline bool isWellFormed(const Byte* bytes, std::size_t length) {
   for (std::size_t begin = 0; begin < length; begin += kBlock) {
     const std::size_t size = std::min(kBlock, length - begin);
     const Byte* block = bytes + begin;
@@ -68,6 +70,20 @@ bool isWellFormed(const Byte* bytes, std::size_t length) {
   }
   return true;
 }
+
+__attribute__((target(VORQUELL_AVX2))) bool isWellFormedAvx2(const Byte* bytes,
+                                                             std::size_t length) {
+  return isWellFormed(bytes, length);
+}
+
+bool isWellFormedBaseline(const Byte* bytes, std::size_t length) {
+  return isWellFormed(bytes, length);
+}
+
+constexpr Variant<bool(const Byte*, std::size_t)> kCheckers[] = {
+    {InstructionSet::kAvx2, isWellFormedAvx2},
+    {InstructionSet::kBaseline, isWellFormedBaseline},
+};
 
 }  // namespace
 
@@ -107,5 +123,5 @@ bool IsUtf8(const char* text) {
 
   return !breaksSequenceIn(head + kLongestTail, headSize) &&
          !breaksSequenceIn(tail + kLongestTail, kLongestTail) &&
-         isWellFormed(bytes + headSize, length - headSize);
+         Dispatch<kCheckers>::call(bytes + headSize, length - headSize);
 }

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "Brindle/XTypeConvertTool.h"
-#include "Brindle/conditionCode.h"
+#include "Brindle/detail/condition.h"
 #include "Brindle/utility/stringConversion.h"
 
 namespace {

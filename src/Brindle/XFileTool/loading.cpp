@@ -8,7 +8,7 @@
 #include <cstring>
 #include <memory>
 
-#include "Brindle/conditionCode.h"
+#include "Brindle/detail/condition.h"
 
 namespace {
 

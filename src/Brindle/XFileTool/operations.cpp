@@ -16,7 +16,7 @@
 #include "Brindle/XFileTool/directories.h"
 #include "Brindle/XFileTool/loading.h"
 #include "Brindle/XTypeConvertTool.h"
-#include "Brindle/conditionCode.h"
+#include "Brindle/detail/condition.h"
 
 namespace {
 

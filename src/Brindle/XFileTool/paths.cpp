@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "Brindle/XTypeConvertTool.h"
-#include "Brindle/conditionCode.h"
+#include "Brindle/detail/condition.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "Brindle/utility/colourSpace.h"
-#include "Brindle/utility/hueOnly.h"
+#include "Brindle/detail/hueOnly.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <limits>
 
-#include "Brindle/utility/hueOnly.h"
-#include "Brindle/utility/nearZero.h"
+#include "Brindle/detail/hueOnly.h"
+#include "Brindle/detail/nearZero.h"
 
 namespace {
 

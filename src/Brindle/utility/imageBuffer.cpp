@@ -11,8 +11,10 @@
 #include <iterator>
 #include <utility>
 
-#include "Brindle/processorHas.h"
-#include "Brindle/utility/formattedError.h"
+#include "Brindle/detail/formattedError.h"
+#include "detail/dispatch.h"
+
+using namespace vorquell::detail;
 
 namespace {
 
@@ -190,6 +192,11 @@ __attribute__((target("ssse3"))) void swapPixelsShuffled(const unsigned char* fr
   swapPixels(from + 3 * i, to + 3 * i, pixels - i);
 }
 
+constexpr Variant<void(const unsigned char*, unsigned char*, std::size_t)> kRowSwaps[] = {
+    {InstructionSet::kSsse3, swapPixelsShuffled},
+    {InstructionSet::kBaseline, swapPixels},
+};
+
 }  // namespace
 
 bool copyImageAnywhere(unsigned char* source, int sourceWidth, int sourceHeight, int sourceStride,
@@ -280,11 +287,10 @@ int xSwapImageDataOrder(const unsigned char* source, int width, int height, int 
     if (copies) std::memcpy(target, source, static_cast<std::size_t>(length));
     return 0;
   }
-  const auto swapRow = PROCESSOR_HAS(SSSE3, "ssse3") ? swapPixelsShuffled : swapPixels;
   const unsigned char* const pixels = copies ? source : target;
   for (std::int64_t r = 0; r < height; ++r) {
     const std::int64_t row = r * stride;
-    swapRow(pixels + row, target + row, static_cast<std::size_t>(width));
+    Dispatch<kRowSwaps>::call(pixels + row, target + row, static_cast<std::size_t>(width));
     if (copies) {
       std::memcpy(target + row + pixelBytes, source + row + pixelBytes,
                   static_cast<std::size_t>(stride - pixelBytes));

@@ -11,7 +11,7 @@
 #include <new>
 #include <utility>
 
-#include "Brindle/utility/nearZero.h"
+#include "Brindle/detail/nearZero.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "Brindle/utility/nearZero.h"
+#include "Brindle/detail/nearZero.h"
 
 namespace {
 

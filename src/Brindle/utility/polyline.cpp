@@ -7,8 +7,8 @@
 #include <cstring>
 #include <span>
 
-#include "Brindle/utility/formattedError.h"
-#include "Brindle/utility/nearZero.h"
+#include "Brindle/detail/formattedError.h"
+#include "Brindle/detail/nearZero.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "Brindle/utility/nearZero.h"
+#include "Brindle/detail/nearZero.h"
 
 namespace {
 
