@@ -4,10 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <numeric>
-#include <span>
-#include <vector>
 
 namespace {
 
@@ -190,54 +186,6 @@ void sortRange(Pairs pairs, long left, long right) {
   }
 }
 
-constexpr const char* kNothingToSort = "Radix sort: input array size <= 0!";
-constexpr int kPasses = 10;       // digits of the largest `int`
-constexpr int kLowestDigit = -9;  // of a negative number
-constexpr std::size_t kDigits = 19;
-
-std::size_t bucketOf(int value, int divisor) {
-  return static_cast<std::size_t>(value / divisor % 10 - kLowestDigit);
-}
-
-/// One stable pass by the digit that `divisor` selects. Returns whether all values share it.
-template <class T>
-bool passByDigit(std::span<T> values, std::span<T> scratch, int divisor) {
-  std::array<std::size_t, kDigits + 1> ends{};
-  for (const T value : values) ++ends[bucketOf(value, divisor) + 1];
-  if (std::count(ends.begin(), ends.end(), values.size()) > 0) return true;
-  std::partial_sum(ends.begin(), ends.end(), ends.begin());
-  for (const T value : values) scratch[ends[bucketOf(value, divisor)]++] = value;
-  std::copy(scratch.begin(), scratch.end(), values.begin());
-  return false;
-}
-
-void printLine(std::span<const int> values) {
-  for (const int value : values) std::printf("%d ", value);
-  std::printf("\n");
-}
-
-using ByteCounts = std::array<std::size_t, 256>;
-
-ByteCounts countBytes(std::span<const unsigned char> bytes) {
-  ByteCounts counts{};
-  for (const unsigned char byte : bytes) ++counts[byte];
-  return counts;
-}
-
-bool shareDigit(const ByteCounts& counts, std::size_t total, int divisor) {
-  std::array<std::size_t, kDigits> buckets{};
-  for (int byte = 0; byte < 256; ++byte) {
-    buckets[bucketOf(byte, divisor)] += counts[static_cast<std::size_t>(byte)];
-  }
-  return std::count(buckets.begin(), buckets.end(), total) > 0;
-}
-
-void writeRuns(const ByteCounts& counts, unsigned char* bytes) {
-  for (std::size_t byte = 0; byte < counts.size(); ++byte) {
-    bytes = std::fill_n(bytes, counts[byte], static_cast<unsigned char>(byte));
-  }
-}
-
 }  // namespace
 
 void quickSort(double* values, int* index, int n) {
@@ -247,68 +195,3 @@ void quickSort(double* values, int* index, int n) {
 void q_sort(double* values, int* index, int left, int right) {
   sortRange({values, index}, left, right);
 }
-
-void radixSort(int* values, int n) {
-  if (n < 1) {
-    std::puts(kNothingToSort);
-    return;
-  }
-  const std::span<int> all(values, static_cast<std::size_t>(n));
-  std::vector<int> scratch(all.size());
-  std::uint32_t divisor = 1;
-  for (int pass = 0; pass < kPasses; ++pass) {
-    const bool isFinished = passByDigit(all, std::span<int>(scratch), static_cast<int>(divisor));
-    printLine(all);
-    if (isFinished) return;
-    divisor *= 10U;  // wraps around after the last pass
-  }
-}
-
-void radixSortUChar(unsigned char* values, int n) {
-  if (n < 1) {
-    std::puts(kNothingToSort);
-    return;
-  }
-  const std::span<unsigned char> all(values, static_cast<std::size_t>(n));
-  const ByteCounts counts = countBytes(all);
-  if (shareDigit(counts, all.size(), 1)) return;
-  if (shareDigit(counts, all.size(), 10)) {
-    std::vector<unsigned char> scratch(all.size());
-    passByDigit(all, std::span<unsigned char>(scratch), 1);
-    return;
-  }
-  // All three passes take place, which leaves the bytes in order.
-  writeRuns(counts, values);
-}
-
-template <class T>
-bool findNumberFromArray(T* values, unsigned long n, T value, unsigned long& foundIndex,
-                         unsigned long firstProbe) {
-  if (n == 0) return false;
-  // A loop without side effects may be taken to end. This one need not, so its reads are volatile.
-  const volatile T* const elements = values;
-  unsigned long middle = firstProbe < n ? firstProbe : n / 2;
-  unsigned long low = 0;
-  unsigned long high = n - 1;
-  for (;;) {
-    const T element = elements[middle];
-    if (element == value) {
-      foundIndex = middle;
-      return true;
-    }
-    // The bounds move onto the middle, never past it.
-    if (element < value) low = middle;
-    if (element > value) high = middle;
-    middle = (low + high) / 2;
-    if (low == high) return false;
-  }
-}
-
-template bool findNumberFromArray(int*, unsigned long, int, unsigned long&, unsigned long);
-template bool findNumberFromArray(unsigned int*, unsigned long, unsigned int, unsigned long&,
-                                  unsigned long);
-template bool findNumberFromArray(long*, unsigned long, long, unsigned long&, unsigned long);
-template bool findNumberFromArray(unsigned long*, unsigned long, unsigned long, unsigned long&,
-                                  unsigned long);
-template bool findNumberFromArray(float*, unsigned long, float, unsigned long&, unsigned long);
-template bool findNumberFromArray(double*, unsigned long, double, unsigned long&, unsigned long);
