@@ -13,7 +13,7 @@ void release(int rows, T**& matrix) {
   matrix = nullptr;
 }
 
-/// What `new[]` of a negative count throws with one compiler, but not with the other.
+/// Throws for a negative count what `new[]` should throw; not every compiler's does.
 std::size_t checkedCount(int count) {
   if (count < 0) throw std::bad_array_new_length();
   return static_cast<std::size_t>(count);

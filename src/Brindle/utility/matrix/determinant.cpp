@@ -16,8 +16,9 @@ namespace {
 using brindle::detail::determinant2;
 using brindle::detail::determinant3;
 
-// A set of columns, one bit for each. The expansion meets the same minor, the last rows in some set
-// of columns, along many ways; the table has one place for each set.
+// A set of columns, one bit for each. A minor consists of the last rows in some set of columns. The
+// expansion meets each minor many times, so it is computed once, into a table with one place for
+// each set. That takes n * 2^n steps instead of n!.
 using ColumnSet = std::uint32_t;
 
 constexpr int kMostColumnsOnStack = 9;  // 4 KiB
@@ -27,12 +28,15 @@ constexpr std::size_t tableSize(int columns) {
   return std::size_t{1} << columns;
 }
 
-/// The next larger set with as many columns.
+/// The next larger set with as many columns (Gosper's hack). For 0b0110 the addition carries the
+/// lowest run of ones, 0b11, into 0b1000; the ones of that run but one return at the low end, which
+/// gives 0b1001.
 ColumnSet nextSet(ColumnSet set) {
   const ColumnSet carried = set + (set & -set);
   return carried | (((set ^ carried) >> 2) >> std::countr_zero(set));
 }
 
+/// The expansion along `row`. Zeros in it are not skipped, as a minor may be infinite or NaN.
 double expandAlong(const double* row, ColumnSet columns, const double* minors) {
   double determinant = 0.0;
   double sign = 1.0;
@@ -44,8 +48,8 @@ double expandAlong(const double* row, ColumnSet columns, const double* minors) {
   return determinant;
 }
 
-/// Computes every minor of the last rows once, from the 2 times 2 ones up. `n` is at least 2 and
-/// `minors` has tableSize(n) places.
+/// Computes every minor once, from those of two rows up. `n` is at least 2 and `minors` has
+/// tableSize(n) places.
 double determinantByTable(double** A, int n, double* minors) {
   const ColumnSet all = static_cast<ColumnSet>(tableSize(n) - 1);
   for (ColumnSet pair = 3; pair <= all; pair = nextSet(pair)) {
@@ -62,8 +66,8 @@ double determinantByTable(double** A, int n, double* minors) {
   return minors[all];
 }
 
-/// Expands into minors, one after the other, down to those of `tabled` columns, for which `table`
-/// has room.
+/// Copies the minors and expands them, one after the other, down to those of `tabled` columns, for
+/// which `table` has room.
 double determinantOf(double** A, int n, double* table, int tabled) {
   if (n <= tabled) return determinantByTable(A, n, table);
   const int size = n - 1;
@@ -90,15 +94,12 @@ double matrixDet(double** A, int n) {
     return 0.0;
   }
   if (n == 1) return A[0][0];
-  std::array<double, tableSize(kMostColumnsOnStack)> onStack;
-  if (n <= kMostColumnsOnStack) return determinantByTable(A, n, onStack.data());
-  int tabled = std::min(n, kMostTabledColumns);
+  const int tabled = std::min(n, kMostTabledColumns);
   std::unique_ptr<double[]> table;
-  for (; tabled > kMostColumnsOnStack; --tabled) {
-    table.reset(new (std::nothrow) double[tableSize(tabled)]);
-    if (table) break;
-  }
-  return determinantOf(A, n, table ? table.get() : onStack.data(), tabled);
+  if (n > kMostColumnsOnStack) table.reset(new (std::nothrow) double[tableSize(tabled)]);
+  if (table) return determinantOf(A, n, table.get(), tabled);
+  std::array<double, tableSize(kMostColumnsOnStack)> onStack;
+  return determinantOf(A, n, onStack.data(), kMostColumnsOnStack);
 }
 
 double det3D(double (*m)[3]) {

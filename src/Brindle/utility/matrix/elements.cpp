@@ -23,7 +23,9 @@ void copyMatrix(double** src, double** dst, int rows, int cols) {
 }
 
 void copyMatrixInt(int** src, int** dst, int rows, int cols) {
-  forEachElement(cols, rows, [=](int j, int i) { dst[i][j] = src[i][j]; });
+  for (int j = 0; j < cols; ++j) {  // column after column, which shows where the two overlap
+    for (int i = 0; i < rows; ++i) dst[i][j] = src[i][j];
+  }
 }
 
 void eye(int n, double** M) {
