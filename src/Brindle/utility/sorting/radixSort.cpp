@@ -15,15 +15,20 @@ namespace {
 using vorquell::detail::wrappingMultiply;
 
 constexpr const char* kNothingToSort = "Radix sort: input array size <= 0!";
-constexpr int kPasses = 10;       // digits of the largest `int`
-constexpr int kLowestDigit = -9;  // of a negative number
+constexpr int kPasses = 10;  // digits of the largest `int`
+
+// Division truncates towards zero, so the digits of a negative number run from -9 to 0 (-123 has
+// -3, -2, -1). With a bucket for each of -9 to 9, negative numbers come first and in ascending
+// order.
+constexpr int kLowestDigit = -9;
 constexpr std::size_t kDigits = 19;
 
 std::size_t bucketOf(int value, int divisor) {
   return static_cast<std::size_t>(value / divisor % 10 - kLowestDigit);
 }
 
-/// One stable pass by the digit that `divisor` selects. Returns whether all values share it.
+/// One stable pass (counting sort) by the digit that `divisor` selects. Returns whether all values
+/// share it; then there is nothing to move.
 template <class T>
 bool passByDigit(std::span<T> values, std::span<T> scratch, int divisor) {
   std::array<std::size_t, kDigits + 1> ends{};

@@ -4,7 +4,8 @@ template <class T>
 bool findNumberFromArray(T* values, unsigned long n, T value, unsigned long& foundIndex,
                          unsigned long firstProbe) {
   if (n == 0) return false;
-  // A loop without side effects may be taken to end. This one need not, so its reads are volatile.
+  // C++ lets a compiler assume that a loop without side effects ends. This one need not, so its
+  // reads are volatile, which counts as a side effect.
   const volatile T* const elements = values;
   unsigned long middle = firstProbe < n ? firstProbe : n / 2;
   unsigned long low = 0;
