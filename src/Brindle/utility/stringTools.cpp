@@ -7,9 +7,11 @@
 #include <functional>
 #include <utility>
 
+#include "Brindle/detail/path.h"
+
 namespace {
 
-/// Tells in one step whether a character is in a set; null stands for the empty set.
+/// A set of characters that are looked up in one step; null stands for the empty set.
 class CharacterSet {
  public:
   explicit CharacterSet(const char* characters) {
@@ -64,6 +66,7 @@ std::vector<std::string> stringTokenizer(std::string text, const char* delimiter
 }
 
 std::string getPathLastName(std::string path) {
-  const std::vector<std::string> elements = stringTokenizer(std::move(path), "/\\");
+  const std::vector<std::string> elements =
+      stringTokenizer(std::move(path), brindle::detail::kSeparators<char>);
   return elements.empty() ? std::string() : elements.back();
 }
