@@ -86,6 +86,8 @@ constexpr Variant<bool(const Byte*, std::size_t)> kCheckers[] = {
 
 }  // namespace
 
+// The interface takes its strings by value.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 std::wstring str2wstr(std::string text, std::string locale) {
   std::wstring wide(text.size() + 1, L'\0');
   brindle::detail::widen(text.c_str(), wide.data(), wide.size(), locale.c_str());
@@ -99,6 +101,7 @@ std::string wstr2str(std::wstring text, std::string locale) {
   narrow.resize(std::strlen(narrow.c_str()));
   return narrow;
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 std::string trimTailSpacesInString(const std::string& text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);

@@ -34,6 +34,8 @@ const char* findPattern(const char* begin, const char* end, const std::string& p
 
 }  // namespace
 
+// The interface takes its strings by value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void replaceSubString(std::string& text, std::string pattern, std::string replacement) {
   if (pattern.empty()) return;
   const char* const end = text.data() + text.size();
