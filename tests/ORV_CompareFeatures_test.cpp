@@ -4,8 +4,8 @@
 
 #include "reference/PlainComparison.h"
 #include "support/Bitstream.h"
+#include "support/Bytes.h"
 #include "support/Outcome.h"
-#include "support/ScratchDir.h"
 
 namespace {
 

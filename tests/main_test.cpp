@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "support/Bitstream.h"
+#include "support/Bytes.h"
 #include "support/ScratchDir.h"
 
 namespace {
