@@ -9,7 +9,7 @@
 #include "Brindle/utility/sorting.h"
 #include "ratio.h"
 #include "reference/PlainNumerics.h"
-#include "support/ScratchDir.h"
+#include "support/Bytes.h"
 
 namespace {
 

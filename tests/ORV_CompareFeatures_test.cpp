@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "support/Bitstream.h"
+#include "support/Bytes.h"
 #include "support/Outcome.h"
-#include "support/ScratchDir.h"
 
 namespace {
 

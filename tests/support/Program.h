@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Bytes.h"
 #include "support/ScratchDir.h"
 
 /// What a program leaves behind, compared at once.
