@@ -32,7 +32,7 @@ TEST(MaskPacking, AgreesWithTheBitLoopAndLosesTheLastByteOfWholeOnes) {
   EXPECT_EQ(Packed(ones.data(), 8, 2).bytes, Bytes({0, 0}));
   Random random;
   for (int width = 1; width <= 260; ++width) {
-    const int height = random.between(1, 4), offset = width % 7;
+    const int height = random.between(1, 4), offset = width % 31;
     Bytes mask = random.bytes(offset + width * height, 2);
     Bytes expected(static_cast<std::size_t>((width + 7) / 8 * height));
     plainPack(mask.data() + offset, width, height, expected.data());
@@ -72,7 +72,7 @@ TEST(MaskPacking, StaysInItsBlockWhereTheLengthWrapsAround) {
 TEST(MaskUnpacking, AgreesWithTheBitLoopAndWritesNothingElse) {
   Random random;
   for (int i = 0; i < 4000; ++i) {
-    const int width = i % 200 + 1, height = random.between(1, 4), guard = random.between(64, 71);
+    const int width = i % 200 + 1, height = random.between(1, 4), guard = random.between(64, 95);
     const int outWidth = random.between(1, 220), outHeight = height + random.between(0, 2);
     const int x0 = random.between(0, outWidth - 1), y0 = random.between(0, outHeight - height);
     Bytes packed = random.bytes((width + 7) / 8 * height);
@@ -119,12 +119,12 @@ bool overlap(int canvasWidth, int canvasHeight, const PlainMask& a, const PlainM
 TEST(MaskOverlap, AgreesWithUnpackedMasksAlsoPastTheRightEdge) {
   Random random;
   int overlaps = 0;
-  for (int i = 0; i < 40000; ++i) {
-    const int width = random.between(1, i % 2 == 0 ? 20 : 300), height = random.between(1, 6);
+  for (int i = 0; i < 12000; ++i) {
+    const int width = random.between(1, i % 2 == 0 ? 20 : 700), height = random.between(1, 6);
     Bytes bits[2];  // those behind a row's last pixel are set as well
     PlainMask masks[2];
     for (int k = 0; k < 2; ++k) {
-      const int size[] = {random.between(1, 260), random.between(1, 6)};
+      const int size[] = {random.between(1, 600), random.between(1, 6)};
       bits[k] = random.bytes((size[0] + 7) / 8 * size[1], 1 << random.between(0, 5));
       masks[k] = {bits[k].data(), size[0], size[1], random.between(0, width - 1),
                   random.between(0, height - 1)};
@@ -133,7 +133,7 @@ TEST(MaskOverlap, AgreesWithUnpackedMasksAlsoPastTheRightEdge) {
     overlaps += expected;
     ASSERT_EQ(overlap(width, height, masks[0], masks[1]), expected) << i;
   }
-  EXPECT_TRUE(overlaps > 4000 && overlaps < 36000) << overlaps;
+  EXPECT_TRUE(overlaps > 1200 && overlaps < 10800) << overlaps;
 }
 
 TEST(MaskOverlap, RefusesWithAMessage) {

@@ -114,6 +114,23 @@ bool failToCopy(const char* error, int line) {
   return false;
 }
 
+/// Guards what clipColumns() promises; prints otherwise. It never does: sourceFirst -
+/// destinationFirst and sourceLast - destinationLast both start as x - destinationX, and each step
+/// changes both of a pair alike. In the source the first column starts at 0 or above and only
+/// grows, the last one starts below the width and only shrinks; columns that are not empty have
+/// destinationFirst <= destinationLast.
+bool isClipped(const Columns& columns, int sourceWidth, int destinationWidth) {
+  if (columns.sourceLast >= sourceWidth || columns.sourceFirst < 0 ||
+      columns.destinationFirst >= destinationWidth) {
+    return failToCopy("bounding box error!", 2949);
+  }
+  if (columns.sourceLast - columns.sourceFirst !=
+      columns.destinationLast - columns.destinationFirst) {
+    return failToCopy("unknown error occurs!", 2955);
+  }
+  return true;
+}
+
 }  // namespace
 
 bool copyImageAnywhere(unsigned char* source, int sourceWidth, int sourceHeight, int sourceStride,
@@ -141,18 +158,7 @@ bool copyImageAnywhere(unsigned char* source, int sourceWidth, int sourceHeight,
   const Columns columns = clipColumns(x, regionWidth, sourceWidth, destinationX, destinationWidth);
   if (begin >= end || columns.isEmpty()) return true;
 
-  // Neither guard is ever tripped. sourceFirst - destinationFirst and sourceLast - destinationLast
-  // both start as x - destinationX, and each step of the clipping changes both of a pair alike. In
-  // the source, the first column starts at 0 or above and only grows, the last one starts below the
-  // width and only shrinks; columns that are not empty have destinationFirst <= destinationLast.
-  if (columns.sourceLast >= sourceWidth || columns.sourceFirst < 0 ||
-      columns.destinationFirst >= destinationWidth) {
-    return failToCopy("bounding box error!", 2949);
-  }
-  if (columns.sourceLast - columns.sourceFirst !=
-      columns.destinationLast - columns.destinationFirst) {
-    return failToCopy("unknown error occurs!", 2955);
-  }
+  if (!isClipped(columns, sourceWidth, destinationWidth)) return false;
 
   const auto pixelBytes = static_cast<std::size_t>(bytesPerPixel);
   const auto count = static_cast<std::size_t>(columns.count());

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 #include "Brindle/utility/mask/packedRows.h"
-#include "detail/load.h"
+#include "detail/dispatch.h"
 
 using namespace brindle::detail;
 using namespace vorquell::detail;
@@ -32,53 +33,129 @@ unsigned int eightBits(const unsigned char* row, std::int64_t rowBytes, std::int
   return (high << 8 | low) >> (8 - (bit & 7)) & 0xFFU;
 }
 
-/// Whether `count` bytes of `b` have a bit in common with as many of `a`, taken from its bit
-/// `shift` on. Reads one byte more of `a`.
-bool bytesMeet(const unsigned char* a, int shift, const unsigned char* b, std::int64_t count) {
-  constexpr std::int64_t kWord = sizeof(std::uint64_t);
-  // A shifted word is shifted in all its bytes at once; these bits stay in their bytes.
-  const std::uint64_t upper = (0xFFU << shift & 0xFFU) * kEveryByte;
-  const auto commonWord = [=](std::int64_t i) {
-    const std::uint64_t shifted = (load<std::uint64_t>(a + i) << shift & upper) |
-                                  (load<std::uint64_t>(a + i + 1) >> (8 - shift) & ~upper);
-    return shifted & load<std::uint64_t>(b + i);
-  };
-  std::uint64_t common = 0;
-  if (count < kWord) {
-    for (std::int64_t i = 0; i < count; ++i) common |= eightBits(a + i, 2, shift) & b[i];
-    return common != 0;
-  }
-  for (std::int64_t i = 0; i + kWord <= count; i += kWord) common |= commonWord(i);
-  return (common | commonWord(count - kWord)) != 0;
+/// Pairs of rows that lie above each other in the same way: the rows r + `lead` of `a` and r of `b`
+/// for r from `begin` to before `end`. Looked at are `bytes` bytes of b's rows from `first` on, on
+/// the highest bit of which lies a's bit `bit`, and of the first and the last one only some bits.
+struct RowPairs {
+  const unsigned char* rowA(std::int64_t r) const { return a.row(r + lead); }
+  const unsigned char* rowB(std::int64_t r) const { return b.row(r) + first; }
+
+  PlacedRows a, b;
+  std::int64_t lead, begin, end;
+  std::int64_t first, bytes, bit;
+  unsigned char firstBits, lastBits;
+};
+
+bool byteMeets(const RowPairs& pairs, std::int64_t r, std::int64_t i) {
+  unsigned int bits = pairs.rowB(r)[i];
+  if (i == 0) bits &= pairs.firstBits;
+  if (i + 1 == pairs.bytes) bits &= pairs.lastBits;
+  return (eightBits(pairs.rowA(r), pairs.a.rowBytes, pairs.bit + 8 * i) & bits) != 0;
 }
 
-/// Whether a row r + `lead` of `a` has a set pixel in common with row r of `b`, for any r.
-/// All these pairs of rows lie above each other in the same way.
-bool pairsMeet(const PlacedRows& a, const PlacedRows& b, std::int64_t canvasWidth,
-               std::int64_t lead) {
-  const std::int64_t offset = a.begin - b.begin + lead * canvasWidth;  // of a's row, in b's row
-  const std::int64_t from = std::max<std::int64_t>(offset, 0);
-  const std::int64_t to = std::min(offset + a.pixels, b.pixels);
-  if (from >= to) return false;
-  const std::int64_t first = from / 8;
-  const std::int64_t last = (to - 1) / 8;
-  unsigned int firstBits = 0xFFU >> (from & 7);
-  unsigned int lastBits = 0xFFU << (7 - ((to - 1) & 7));
-  if (first == last) firstBits = lastBits = firstBits & lastBits;
-  const std::int64_t innerBit = 8 * (first + 1) - offset;
-  const std::int64_t end = std::min(b.rows, a.rows - lead);
-  for (std::int64_t r = std::max<std::int64_t>(-lead, 0); r < end; ++r) {
-    const unsigned char* const rowA = a.row(r + lead);
-    const unsigned char* const rowB = b.row(r);
-    const unsigned int inFirst = eightBits(rowA, a.rowBytes, 8 * first - offset) & rowB[first];
-    const unsigned int inLast = eightBits(rowA, a.rowBytes, 8 * last - offset) & rowB[last];
-    if (((inFirst & firstBits) | (inLast & lastBits)) != 0) return true;
-    if (last - first > 1 && bytesMeet(rowA + innerBit / 8, static_cast<int>(innerBit & 7),
-                                      rowB + first + 1, last - first - 1)) {
-      return true;
+/// The plain way, byte by byte.
+bool bytesMeet(const RowPairs& pairs) {
+  for (std::int64_t r = pairs.begin; r < pairs.end; ++r) {
+    for (std::int64_t i = 0; i < pairs.bytes; ++i) {
+      if (byteMeets(pairs, r, i)) return true;
     }
   }
   return false;
+}
+
+/// The same for more bytes than a `Word` has, which may be a vector. The last word of a row ends
+/// with the row and overlaps the one before. Reads one byte of `a` after those that it needs.
+template <class Word>
+[[gnu::always_inline]] inline bool wordsMeet(const RowPairs& pairs) {
+  constexpr std::int64_t kWord = sizeof(Word);
+  constexpr Word kNone{};
+  const int shift = static_cast<int>(pairs.bit & 7);
+  // A word is shifted in all its bytes at once; these bits stay in their bytes.
+  const Word upper = kNone + (0xFFU << shift & 0xFFU) * kEveryByte;
+  const Word every = ~kNone;
+  Word inFirst = every;
+  Word inLast = every;
+  std::memcpy(&inFirst, &pairs.firstBits, 1);
+  std::memcpy(reinterpret_cast<unsigned char*>(&inLast) + kWord - 1, &pairs.lastBits, 1);
+  for (std::int64_t r = pairs.begin; r < pairs.end; ++r) {
+    const unsigned char* const rowA = pairs.rowA(r) + (pairs.bit >> 3);
+    const unsigned char* const rowB = pairs.rowB(r);
+    Word common = kNone;
+    const auto meet = [&](std::int64_t i, const Word& columns) {
+      Word a, next, b;
+      std::memcpy(&a, rowA + i, kWord);
+      std::memcpy(&next, rowA + i + 1, kWord);
+      std::memcpy(&b, rowB + i, kWord);
+      common |= ((a << shift & upper) | (next >> (8 - shift) & ~upper)) & b & columns;
+    };
+    meet(0, inFirst);
+    for (std::int64_t i = kWord; i < pairs.bytes - kWord; i += kWord) meet(i, every);
+    meet(pairs.bytes - kWord, inLast);
+    std::uint64_t words[kWord / sizeof(std::uint64_t)];
+    std::memcpy(words, &common, kWord);
+    std::uint64_t any = 0;
+    for (const std::uint64_t word : words) any |= word;
+    if (any != 0) return true;
+  }
+  return false;
+}
+
+using Vector16 [[gnu::vector_size(16)]] = std::uint64_t;
+using Vector32 [[gnu::vector_size(32)]] = std::uint64_t;
+
+/// 5.3 us for 1001 rows of 125 bytes, against 9.5 us by whole words alone.
+bool wordsMeetPlain(const RowPairs& pairs) {
+  return pairs.bytes > 16 ? wordsMeet<Vector16>(pairs) : wordsMeet<std::uint64_t>(pairs);
+}
+
+/// The same in 3.4 us.
+__attribute__((target(VORQUELL_AVX2))) bool wordsMeetAvx2(const RowPairs& pairs) {
+  return pairs.bytes > 32 ? wordsMeet<Vector32>(pairs) : wordsMeetPlain(pairs);
+}
+
+constexpr Variant<bool(const RowPairs&)> kWordsMeet[] = {
+    {InstructionSet::kAvx2, wordsMeetAvx2},
+    {InstructionSet::kBaseline, wordsMeetPlain},
+};
+
+/// Whether pair r meets, without reading beyond its rows: the first and the last byte are asked by
+/// themselves.
+bool borderPairMeets(RowPairs pairs, std::int64_t r) {
+  if (byteMeets(pairs, r, 0) || byteMeets(pairs, r, pairs.bytes - 1)) return true;
+  pairs.begin = r;
+  pairs.end = r + 1;
+  pairs.first += 1;
+  pairs.bytes -= 2;
+  pairs.bit += 8;
+  pairs.firstBits = pairs.lastBits = 0xFF;
+  return Dispatch<kWordsMeet>::call(pairs);
+}
+
+/// Between the first and the last pair, what words read beyond a row lies in a row next to it.
+bool widePairsMeet(RowPairs pairs) {
+  if (borderPairMeets(pairs, pairs.begin) || borderPairMeets(pairs, pairs.end - 1)) return true;
+  ++pairs.begin;
+  --pairs.end;
+  return Dispatch<kWordsMeet>::call(pairs);
+}
+
+/// Whether a row r + `lead` of `a` has a set pixel in common with row r of `b`, for any r.
+bool pairsMeet(const PlacedRows& a, const PlacedRows& b, std::int64_t canvasWidth,
+               std::int64_t lead) {
+  constexpr std::int64_t kWide = 10;  // bytes of which more than a word are left without two
+  const std::int64_t offset = a.begin - b.begin + lead * canvasWidth;  // of a's row, in b's row
+  const std::int64_t from = std::max<std::int64_t>(offset, 0);
+  const std::int64_t to = std::min(offset + a.pixels, b.pixels);
+  const std::int64_t begin = std::max<std::int64_t>(-lead, 0);
+  const std::int64_t end = std::min(b.rows, a.rows - lead);
+  if (from >= to || begin >= end) return false;
+  const std::int64_t first = from / 8;
+  const std::int64_t bytes = (to - 1) / 8 - first + 1;
+  const auto firstBits = static_cast<unsigned char>(0xFF >> (from & 7));
+  const auto lastBits = static_cast<unsigned char>(0xFF << (7 - ((to - 1) & 7)));
+  const RowPairs pairs{a,         b,       lead, begin, end, first, bytes, 8 * first - offset,
+                       firstBits, lastBits};
+  return bytes > kWide ? widePairsMeet(pairs) : bytesMeet(pairs);
 }
 
 bool rowsMeet(const PlacedRows& a, const PlacedRows& b, std::int64_t canvasWidth) {
