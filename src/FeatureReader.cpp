@@ -23,7 +23,7 @@ FeatureList FeatureReaderV7::read(const char* bitstream, unsigned int /*length*/
   FeatureList features;
   if (bitstream == nullptr) return features;
   forEachFeature(bitstream, featureLength,
-                            [&](const char* feature) { features.push_back(feature); });
+                 [&](const char* feature) { features.push_back(feature); });
   return features;
 }
 

@@ -1,5 +1,6 @@
 /// @file
-/// The feature bitstream and its readers.
+/// The feature bitstream and its readers. Part of the static library only: the shared one exports
+/// nothing but the two functions of ORV_CompareFeatures.h.
 ///
 /// A bitstream holds one feature for each frame of a recording. All integers are unsigned, 32 bits,
 /// little-endian; offsets and lengths are in bytes; what is not named is reserved and not read.
@@ -13,12 +14,10 @@
 ///         24   length of the feature
 ///         32   the feature's bytes
 ///
-/// A frame whose feature has the length asked for is passed over as a whole. Of any other frame
-/// only the 32 bytes of its header are passed over: the next header is read from the first bytes of
-/// the skipped feature.
-///
-/// All of this is part of the static library only: the shared one exports nothing but the two
-/// functions of ORV_CompareFeatures.h.
+/// After a frame whose feature has the length asked for, the next frame starts after that feature.
+/// After any other frame only its 32-byte header is skipped, and the next header is read from the
+/// first bytes of the skipped feature. So every feature should have the length asked for or be
+/// empty.
 ///
 /// Readers copy no feature: they point into the caller's buffer, which must outlive what they
 /// return. They keep no state and may be used from several threads. Their messages go to standard
@@ -27,6 +26,9 @@
 
 #include <cstdint>
 #include <list>
+
+/// @defgroup featureReader Feature bitstreams
+/// @{
 
 /// Pointers to the first bytes of features in the caller's buffer, in the bitstream's order.
 using FeatureList = std::list<const char*>;
@@ -37,58 +39,49 @@ class FeatureReader {
  public:
   virtual ~FeatureReader();
 
-  /// Finds the features of one length.
+  /// Returns the features of exactly `featureLength` bytes. Throws `std::bad_alloc`; nothing leaks.
   ///
-  /// - Prints "read: Empty bitstream\n" when `bitstream` is null or `length` 0.
-  /// - Prints "read: Bitstream too short\n" when `length` is below 8.
-  /// - Prints "read: Invalid bitstream version (%d)\n" when the version is neither 7 nor 8.
+  /// Returns an empty list after a message:
+  /// - "read: Empty bitstream\n" when `bitstream` is null or `length` 0;
+  /// - "read: Bitstream too short\n" when `length` is below 8;
+  /// - "read: Invalid bitstream version (%d)\n" when the version is neither 7 nor 8.
   ///
   /// @warning `length` serves these checks only. The frame count and the length fields are trusted:
-  /// every frame that they announce must lie in the caller's buffer; queryFramesFit() tells.
-  /// @param bitstream  the bytes, or null
-  /// @param length  bytes of the bitstream
-  /// @param featureLength  bytes of the features asked for
-  /// @return the features of exactly `featureLength` bytes; an empty list after one of these
-  /// messages
+  /// every frame that they announce must lie in the caller's buffer; ask queryFramesFit() first.
   virtual FeatureList read(const char* bitstream, unsigned int length, unsigned int featureLength);
 };
 
 /// Reads version 7.
 class FeatureReaderV7 : public FeatureReader {
  public:
-  /// Walks as many frames as the bitstream announces.
+  /// Walks as many frames as the bitstream announces; all must lie in the caller's buffer. Returns
+  /// the features of exactly `featureLength` bytes; an empty list for null. `length` is ignored.
+  /// Throws `std::bad_alloc`; nothing leaks.
   ///
-  /// - Prints "read: Invalid number of frame (%d)\n" when the count is outside 1 to 1500.
+  /// - Prints "read: Invalid number of frame (%d)\n" when the count is outside 1 to 1500, and
+  ///   returns an empty list.
   /// - Prints "read: Invalid feature length (%d)\n" for each frame whose feature has another length
   ///   than `featureLength`, unless that length is 0.
-  /// @param bitstream  must hold every frame that it announces, or be null
-  /// @param length  not looked at
-  /// @param featureLength  bytes of the features asked for
-  /// @return the features of exactly `featureLength` bytes; an empty list for null or a bad count
   FeatureList read(const char* bitstream, unsigned int length, unsigned int featureLength) override;
 };
 
 /// Reads version 8, which holds no comparable features.
 class FeatureReaderV8 : public FeatureReader {
  public:
-  /// Finds nothing.
-  /// @param bitstream  not looked at
-  /// @param length  not looked at
-  /// @param featureLength  not looked at
-  /// @return an empty list
+  /// Returns an empty list.
   FeatureList read(const char* bitstream, unsigned int length, unsigned int featureLength) override;
 };
 
-/// Tells whether a comparison stays inside the bytes that the caller holds. Call it before
+/// Returns whether a comparison stays inside the bytes that the caller holds. Call it before
 /// ORV_CompareFeatures() or FeatureReader::read() when the bytes come from outside.
 ///
-/// As in the comparison, both sizes count with their low 32 bits where it is given lengths.
-/// @param query  the bytes that the caller holds, or null
-/// @param querySize  bytes of the query
-/// @param targetSize  bytes of the target, the length of the features that are compared
-/// @return false only for a version 7 bitstream that is cut short: its frame count, the length
-/// field of a frame on the walk, or a feature of the target's length reaches past `querySize`. True
-/// in every other case, also for a query that the comparison refuses or does not parse (null,
-/// shorter than 8 bytes, of the target's length, of another version, with a frame count outside 1
-/// to 1500)
+/// False only for a version 7 bitstream that is truncated: its frame count, the length field of a
+/// frame on the walk, or a feature of the target's length reaches past `querySize`. True in every
+/// other case, also for a query that the comparison refuses or does not parse (null, shorter than 8
+/// bytes, of the target's length, of another version, with a frame count outside 1 to 1500).
+///
+/// Both sizes are in bytes and count with their low 32 bits where the comparison is given lengths;
+/// the target's is the length of the features that are compared.
 bool queryFramesFit(const char* query, std::uint64_t querySize, std::uint64_t targetSize);
+
+/// @}

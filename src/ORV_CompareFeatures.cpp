@@ -11,8 +11,9 @@ namespace {
 
 constexpr char kFunctionName[] = "ORV_CompareFeatures";
 
-/// Lowers `*distance` to the smallest score among the query's features; a score replaces an equal
-/// one, and one that is not a number. Returns whether there was a feature to score.
+/// Lowers `*distance` to the smallest score among the query's features. A score replaces an equal
+/// one; a NaN score replaces any distance and is replaced by any. Returns whether there was a
+/// feature to score.
 bool scoreBitstream(const char* target, unsigned int targetLength, const char* query,
                     unsigned int queryLength, double* distance) {
   if (readVersion(query, queryLength) != 7) return false;

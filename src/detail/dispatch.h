@@ -48,8 +48,7 @@ enum class InstructionSet {
 #ifdef __clang__
 #define VORQUELL_AVX512 "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt"
 #else
-#define VORQUELL_AVX512 \
-  "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt,prefer-vector-width=512"
+#define VORQUELL_AVX512 "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt,prefer-vector-width=512"
 #endif
 
 inline bool processorHas(InstructionSet set) {

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -12,10 +15,14 @@
 #include <string>
 #include <vector>
 
-#include "support/SameBits.h"
-
 /// Takes the arguments and writes the results.
 using CaseCall = void (*)(double* in, double* out);
+
+/// The same bits, or both NaN.
+inline bool sameBits(double a, double b) {
+  return (std::isnan(a) && std::isnan(b)) ||
+         std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
 
 /// Expects every line's results to the bit, unchanged arguments and nothing written after the
 /// results; and at least one line for every call.

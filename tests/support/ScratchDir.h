@@ -5,6 +5,8 @@
 #include <fstream>
 #include <string>
 
+#include "support/Bytes.h"
+
 class ScratchDir {
  public:
   ScratchDir() {

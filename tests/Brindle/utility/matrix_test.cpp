@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <new>
 #include <random>
 #include <utility>
 #include <vector>
 
 #include "reference/PlainNumerics.h"
-#include "support/SameBits.h"
 
 static bool isOutOfMemory = false;
 
@@ -33,6 +34,11 @@ struct Matrix {
   Numbers elements;
   std::vector<double*> rows = std::vector<double*>(elements.size() / cols);
 };
+
+/// Equal bits; all NaN count as one.
+bool sameBits(double a, double b) {
+  return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (a != a && b != b);
+}
 
 TEST(Allocation, GivesZerosAndTakesThemBack) {
   const auto check = [](auto allocate, auto release) {
