@@ -10,6 +10,7 @@
 #include <string>
 
 #include "reference/PlainComparison.h"
+#include "support/GuardedBytes.h"
 #include "support/ScratchDir.h"
 
 namespace {
@@ -21,25 +22,32 @@ TEST(BitTable, HoldsTheNumberOfSetBitsOfEachByte) {
 }
 
 TEST(Scoring, AgreesWithTheByteTableAtEveryLengthAndAlignment) {
-  const std::string a = randomBytes(5000, 1);
-  const std::string b = randomBytes(5000, 2);
-  for (int length = 1; length <= 1100; ++length) {
-    for (int offset = 0; offset < 8; ++offset) {
+  const std::string a = randomBytes(70'000, 1);
+  const std::string b = randomBytes(70'000, 2);
+  for (const std::size_t size : lengthsAroundSteps()) {
+    if (size == 0) continue;
+    const int length = static_cast<int>(size);
+    for (std::size_t offset = 0; offset < 32; ++offset) {
       const char* first = a.data() + offset;
-      const char* second = b.data() + (offset * 5) % 8;
+      const char* second = b.data() + (offset * 5 + size) % 32;
       ASSERT_EQ(calculateScores(first, second, length), plainScores(first, second, length))
           << "length " << length << ", offset " << offset;
     }
   }
 }
 
-TEST(Scoring, ReadsNothingBehindTheFeatures) {
-  for (int length = 1; length <= 300; ++length) {
-    const auto size = static_cast<std::size_t>(length);
-    const std::unique_ptr<char[]> zeros(new char[size]());
-    const std::unique_ptr<char[]> ones(new char[size]);
-    std::fill_n(ones.get(), size, '\xFF');
-    ASSERT_EQ(calculateScores(zeros.get(), ones.get(), length), 1.0) << length;
+TEST(Scoring, ReadsNothingAroundTheFeatures) {
+  const std::string zeros(70'000, '\0');
+  const std::string ones(70'000, '\xFF');
+  GuardedBytes a(zeros.size());
+  GuardedBytes b(ones.size());
+  for (const std::size_t size : lengthsAroundSteps()) {
+    if (size == 0) continue;
+    const int length = static_cast<int>(size);
+    const char* first = a.first(zeros.data(), size);
+    const char* last = b.last(ones.data(), size);
+    ASSERT_EQ(calculateScores(first, last, length), 1.0) << length;
+    ASSERT_EQ(calculateScores(last, first, length), 1.0) << length;
   }
 }
 
