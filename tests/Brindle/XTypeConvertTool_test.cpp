@@ -7,6 +7,7 @@
 #include <random>
 
 #include "reference/PlainUtf8.h"
+#include "support/GuardedBytes.h"
 
 namespace {
 
@@ -54,6 +55,38 @@ TEST(Utf8, IsToldFromOtherBytes) {
   for (const char* text : {none, "\x7F", "\x01", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80",
                            "\x80", "a\xC3", "\xE6\xBC", "\xF0\x9F\x98", "\xE0\x9F\x80"}) {
     EXPECT_FALSE(IsUtf8(text) || plainIsUtf8(text)) << testing::PrintToString(text);
+  }
+}
+
+TEST(Utf8, AgreesWithThePlainTestAtEveryLengthUpToAnUnreadablePage) {
+  const char* sequences[] = {"",
+                             "é",
+                             "漢",
+                             "😀",
+                             "\x80",
+                             "\xC3",
+                             "\xE6\xBC",
+                             "\xF0\x9F\x98",
+                             "\xC0\x80",
+                             "\xED\xA0\x80",
+                             "\xF0\x8F\xBF\xBF",
+                             "\xF4\x90\x80\x80",
+                             "\xF5",
+                             "é\x80",
+                             "\x1F",
+                             "\x7F"};
+  const char* rests[] = {"", "the rest of the text is ASCII, more than one register of it"};
+  constexpr std::size_t kBeginning = 64;  // is checked apart, the steps begin after it
+  GuardedBytes room(70'000);
+  for (const std::size_t length : lengthsAroundSteps()) {
+    for (const char* sequence : sequences) {
+      for (const char* rest : rests) {
+        const std::size_t size = length > 300 ? kBeginning + length : length;
+        const std::string text = std::string(size, 'a') + sequence + rest;
+        ASSERT_EQ(IsUtf8(room.last(text.c_str(), text.size() + 1)), plainIsUtf8(text.c_str()))
+            << size << " bytes and " << testing::PrintToString(sequence) << rest;
+      }
+    }
   }
 }
 
