@@ -1,5 +1,6 @@
 #include "Brindle/XFileTool/operations.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -101,6 +102,14 @@ TEST_F(Operations, LeaveThePartThatFits) {
             Effect(0, "", "copy=five, file=abcd, five5"));
   EXPECT_EQ(effect(withinFourBytes([] { return xWriteFileThroughCache("file", "ab", 2, 4); })),
             Effect(246, "Error in writing 2 byte data to file: File too large (errno 27)\n"));
+}
+
+TEST_F(Operations, TakeDescriptorZeroAsAnyOther) {
+  tree("file");
+  close(0);
+  EXPECT_EQ(xWriteFileThroughCache("file", "FILE", 4, 0), 0);
+  EXPECT_EQ(xFileSync("file"), 0);
+  EXPECT_EQ(open("/dev/null", O_RDONLY), 0) << "another file was left open";
 }
 
 using OperationLocale = KnownLocales;
