@@ -18,6 +18,3 @@ int plainHull(int* points, int n, int* hull, bool& wasCut);
 
 std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool normalize,
                                       int radius, int iterations);
-
-std::vector<float> plainPolylineCurvature(const std::vector<Point2Df>& points, int radius,
-                                          int iterations);

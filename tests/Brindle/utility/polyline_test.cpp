@@ -1,54 +1,56 @@
 #include "Brindle/utility/polyline.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <bit>
-#include <climits>
-#include <cmath>
-#include <cstdint>
 #include <random>
 
 #include "reference/PlainGeometry.h"
+#include "support/Outcome.h"
+#include "support/Table.h"
 
 namespace {
 
 using Points = std::vector<Point2Df>;
 using Floats = std::vector<float>;
-using Bits = std::vector<std::uint32_t>;
+using Numbers = std::vector<double>;
 
-Bits bitsOf(const Floats& values) {
-  Bits bits;
-  for (const float value : values) bits.push_back(std::bit_cast<std::uint32_t>(value));
-  return bits;
-}
-
-Bits anglesOf(const Points& points, bool normalize, int radius, int iterations) {
+Floats anglesOf(const Points& points, bool normalize, int radius, int iterations) {
   Floats angles(3, 99.0F);
   EXPECT_TRUE(polylineAngle(points, angles, normalize, radius, iterations));
-  return bitsOf(angles);
+  return angles;
 }
 
-Bits curvatureOf(const Points& points, int radius, int iterations) {
+Floats curvatureOf(const Points& points, int radius, int iterations) {
   Floats curvature(3, 99.0F);
   EXPECT_TRUE(polylineToCurvature(points, curvature, radius, iterations));
-  return bitsOf(curvature);
+  return curvature;
 }
 
-// Reckoned outside this code base, with every operation rounded to single precision.
+/// A check of a function whose rows begin with `parameters` integers and end with points.
+template <class Call>
+auto returnsFloats(std::size_t parameters, const Call& call) {
+  return [=](const support::Row& row) {
+    const Numbers in = support::numbers(row.arguments), expected = support::numbers(row.results);
+    const std::vector<int> counts(in.begin(), in.begin() + static_cast<long>(parameters));
+    Points points;
+    for (std::size_t i = parameters; i < in.size(); i += 2) {
+      points.push_back({static_cast<float>(in[i]), static_cast<float>(in.at(i + 1))});
+    }
+    EXPECT_SAME(call(points, counts), Floats(expected.begin(), expected.end()));
+  };
+}
+
 TEST(Polyline, KeepsEveryBitOfSinglePrecision) {
-  const Points points = {{0, 0},    {1, .25F},       {2.125F, -.5F}, {3, 1.75F}, {2.5F, 3},
-                         {2.5F, 3}, {1.0625F, 3.3F}, {-1.7F, 2.9F},  {-2, .1F}};
-  EXPECT_EQ(anglesOf(points, true, 3, 2),
-            (Bits{0x403d3c0e, 0x3fd40727, 0x3ec6a1cb, 0x401435f7, 0x409621c8, 0x408cdb93,
-                  0x4058931c, 0x3f8d5737, 0x3efb1944}));
-  EXPECT_EQ(curvatureOf(points, 0, 0),
-            (Bits{0, 0, 0xbed59c9b, 0x3e67fbbe, 0x3f68c5b5, 0, 0, 0x3d84306d, 0x3eae9824}));
-  EXPECT_EQ(curvatureOf(points, 2, 1), (Bits{0, 0, 0x3e2bdfbf, 0x3f0423e5, 0x3f3b0665, 0x3f6a9906,
-                                             0x3ee33387, 0x3e3ab918, 0x3dd358cd}));
+  const auto angles = [](const Points& points, const std::vector<int>& counts) {
+    return anglesOf(points, counts[0] != 0, counts[1], counts[2]);
+  };
+  const auto curvature = [](const Points& points, const std::vector<int>& counts) {
+    return curvatureOf(points, counts[0], counts[1]);
+  };
+  support::checkTable("polyline.txt", {{"polylineAngle", returnsFloats(3, angles)},
+                                       {"polylineToCurvature", returnsFloats(2, curvature)}});
 }
 
-TEST(Polyline, AgreesWithThePlainFormsBitForBit) {
+TEST(Polyline, HasTheAnglesOfThePlainForm) {
   std::mt19937 engine(5);
   for (int round = 0; round < 4000; ++round) {
     Points points(engine() % 80);
@@ -59,33 +61,30 @@ TEST(Polyline, AgreesWithThePlainFormsBitForBit) {
     }
     const int radius = int(engine() % (round % 2 ? 6 : 90)), iterations = int(engine() % 4);
     const bool normalize = round % 3 == 0;
-    ASSERT_EQ(anglesOf(points, normalize, radius, iterations),
-              bitsOf(plainPolylineAngle(points, normalize, radius, iterations)));
-    ASSERT_EQ(curvatureOf(points, radius, iterations),
-              bitsOf(plainPolylineCurvature(points, radius, iterations)));
+    EXPECT_SAME(anglesOf(points, normalize, radius, iterations),
+                plainPolylineAngle(points, normalize, radius, iterations))
+        << points.size() << " points, radius " << radius << ", " << iterations << " passes";
   }
 }
 
-TEST(Polyline, ShortOnesHaveFixedValues) {
-  EXPECT_EQ(anglesOf({}, true, 1, 1), Bits());
-  EXPECT_EQ(anglesOf({{7, 7}}, true, 1, 1), Bits{0});
-  EXPECT_EQ(anglesOf({{0, 0}, {0, 1}}, false, INT_MAX, INT_MAX),
-            bitsOf(Floats(2, std::acos(-1.0F))));
-  EXPECT_EQ(curvatureOf({{0, 0}, {1e20F, 1e20F}}, 1, 1), (Bits{0, 0}));
-}
-
 TEST(Polyline, RefusesNegativeParameters) {
-  for (const auto& [radius, iterations] : {std::pair{-1, 0}, {0, -1}}) {
-    Floats values = {1, 2};
-    testing::internal::CaptureStdout();
-    EXPECT_FALSE(polylineAngle({{0, 0}}, values, false, radius, iterations));
-    EXPECT_FALSE(polylineToCurvature({{0, 0}}, values, radius, iterations));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "Error: invalid input parameter! (inside {bool polylineAngle(std::vector<Point2Df>, "
-              "std::vector<float>&, bool, int, int)}; file: utility.cpp; line: 2296)\n"
-              "Error: invalid input parameter! (inside {bool polylineToCurvature(std::vector<"
-              "Point2Df>, std::vector<float>&, int, int)}; file: utility.cpp; line: 2157)\n");
-    EXPECT_EQ(values, (Floats{1, 2}));
+  const auto refusal = [](const std::string& signature, int line) {
+    return Outcome(false, "Error: invalid input parameter! (inside {" + signature +
+                              "}; file: utility.cpp; line: " + std::to_string(line) + ")\n");
+  };
+  for (const int radius : {-1, 0}) {
+    Floats values{1, 2};
+    const auto angle = [&] { return polylineAngle(Points(1), values, false, radius, -1 - radius); };
+    const auto curvature = [&] {
+      return polylineToCurvature(Points(1), values, radius, -1 - radius);
+    };
+    EXPECT_SAME(outcome(angle), refusal("bool polylineAngle(std::vector<Point2Df>, "
+                                        "std::vector<float>&, bool, int, int)",
+                                        2296));
+    EXPECT_SAME(outcome(curvature), refusal("bool polylineToCurvature(std::vector<Point2Df>, "
+                                            "std::vector<float>&, int, int)",
+                                            2157));
+    EXPECT_SAME(values, (Floats{1, 2}));
   }
 }
 
