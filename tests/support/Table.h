@@ -116,13 +116,6 @@ inline void checkTable(const std::string& file,
   }
 }
 
-/// A check that expects a call to return the row's results, to the bit, for its arguments.
-inline std::function<void(const Row&)> returnsNumbers(
-    const std::function<std::vector<double>(std::vector<double>)>& call) {
-  return
-      [call](const Row& row) { EXPECT_SAME(call(numbers(row.arguments)), numbers(row.results)); };
-}
-
 /// Takes the arguments and writes the results.
 using NumberCall = std::function<void(double* in, double* out)>;
 

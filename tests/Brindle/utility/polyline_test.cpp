@@ -4,50 +4,43 @@
 #include <random>
 
 #include "reference/PlainGeometry.h"
+#include "support/Call.h"
 #include "support/Outcome.h"
-#include "support/Table.h"
 
 namespace {
 
 using Points = std::vector<Point2Df>;
 using Floats = std::vector<float>;
-using Numbers = std::vector<double>;
 
-Floats anglesOf(const Points& points, bool normalize, int radius, int iterations) {
-  Floats angles(3, 99.0F);
-  EXPECT_TRUE(polylineAngle(points, angles, normalize, radius, iterations));
-  return angles;
+Points pointsOf(const Floats& coordinates) {
+  Points points;
+  for (std::size_t i = 0; i < coordinates.size(); i += 2) {
+    points.push_back({coordinates[i], coordinates.at(i + 1)});
+  }
+  return points;
 }
 
-Floats curvatureOf(const Points& points, int radius, int iterations) {
-  Floats curvature(3, 99.0F);
-  EXPECT_TRUE(polylineToCurvature(points, curvature, radius, iterations));
-  return curvature;
-}
-
-/// A check of a function whose rows begin with `parameters` integers and end with points.
+/// What a call prints, or "done".
 template <class Call>
-auto returnsFloats(std::size_t parameters, const Call& call) {
-  return [=](const support::Row& row) {
-    const Numbers in = support::numbers(row.arguments), expected = support::numbers(row.results);
-    const std::vector<int> counts(in.begin(), in.begin() + static_cast<long>(parameters));
-    Points points;
-    for (std::size_t i = parameters; i < in.size(); i += 2) {
-      points.push_back({static_cast<float>(in[i]), static_cast<float>(in.at(i + 1))});
-    }
-    EXPECT_SAME(call(points, counts), Floats(expected.begin(), expected.end()));
-  };
+std::string reported(const Call& call) {
+  const auto [isDone, printed] = outcome(call);
+  return isDone ? printed + "done" : printed;
+}
+
+std::string angleOf(const Floats& points, Floats& angles, bool normalize, int radius,
+                    int iterations) {
+  return reported(
+      [&] { return polylineAngle(pointsOf(points), angles, normalize, radius, iterations); });
+}
+
+std::string curvatureOf(const Floats& points, Floats& curvature, int radius, int iterations) {
+  return reported(
+      [&] { return polylineToCurvature(pointsOf(points), curvature, radius, iterations); });
 }
 
 TEST(Polyline, KeepsEveryBitOfSinglePrecision) {
-  const auto angles = [](const Points& points, const std::vector<int>& counts) {
-    return anglesOf(points, counts[0] != 0, counts[1], counts[2]);
-  };
-  const auto curvature = [](const Points& points, const std::vector<int>& counts) {
-    return curvatureOf(points, counts[0], counts[1]);
-  };
-  support::checkTable("polyline.txt", {{"polylineAngle", returnsFloats(3, angles)},
-                                       {"polylineToCurvature", returnsFloats(2, curvature)}});
+  support::checkTable("polyline.txt", {{"polylineAngle", support::calls(angleOf)},
+                                       {"polylineToCurvature", support::calls(curvatureOf)}});
 }
 
 TEST(Polyline, HasTheAnglesOfThePlainForm) {
@@ -61,30 +54,10 @@ TEST(Polyline, HasTheAnglesOfThePlainForm) {
     }
     const int radius = int(engine() % (round % 2 ? 6 : 90)), iterations = int(engine() % 4);
     const bool normalize = round % 3 == 0;
-    EXPECT_SAME(anglesOf(points, normalize, radius, iterations),
-                plainPolylineAngle(points, normalize, radius, iterations))
+    Floats angles(3, 99.0F);
+    EXPECT_TRUE(polylineAngle(points, angles, normalize, radius, iterations));
+    EXPECT_SAME(angles, plainPolylineAngle(points, normalize, radius, iterations))
         << points.size() << " points, radius " << radius << ", " << iterations << " passes";
-  }
-}
-
-TEST(Polyline, RefusesNegativeParameters) {
-  const auto refusal = [](const std::string& signature, int line) {
-    return Outcome(false, "Error: invalid input parameter! (inside {" + signature +
-                              "}; file: utility.cpp; line: " + std::to_string(line) + ")\n");
-  };
-  for (const int radius : {-1, 0}) {
-    Floats values{1, 2};
-    const auto angle = [&] { return polylineAngle(Points(1), values, false, radius, -1 - radius); };
-    const auto curvature = [&] {
-      return polylineToCurvature(Points(1), values, radius, -1 - radius);
-    };
-    EXPECT_SAME(outcome(angle), refusal("bool polylineAngle(std::vector<Point2Df>, "
-                                        "std::vector<float>&, bool, int, int)",
-                                        2296));
-    EXPECT_SAME(outcome(curvature), refusal("bool polylineToCurvature(std::vector<Point2Df>, "
-                                            "std::vector<float>&, int, int)",
-                                            2157));
-    EXPECT_SAME(values, (Floats{1, 2}));
   }
 }
 

@@ -1,45 +1,28 @@
 #include "Brindle/utility/statistics.h"
 
 #include <cstdlib>
-#include <memory>
 
+#include "support/Call.h"
 #include "support/Outcome.h"
-#include "support/Table.h"
 
 namespace {
 
-using Numbers = std::vector<double>;
+using support::calls;
 
-/// What is returned, the spread, then the mean of data that lies in the block which `mean` points
-/// to at first.
-Numbers meanAndSD(const Numbers& in) {
-  const int dim = static_cast<int>(in[0]), count = static_cast<int>(in[1]);
-  float *mean = static_cast<float*>(std::malloc(in.size() * sizeof(float))), sd = 99;
-  std::copy(in.begin() + 2, in.end(), mean);
-  Numbers out{1.0 * findMeanAndSD(mean, dim, count, mean, sd)};
-  out.push_back(sd);
-  out.insert(out.end(), mean, mean + dim);
-  std::free(mean);
-  return out;
-}
-
-/// What is returned, then the result.
-Numbers mapped(const Numbers& in) {
-  const std::vector<float> x(in.begin(), in.end());
-  float result = 99;
-  const double returned = mapValue(x[0], x[1], x[2], x[3], x[4], result);
-  return {returned, result};
-}
-
-Numbers heaviside(const Numbers& in) {
-  return {analyticHeaviside(in[0], in[1])};
+/// Of data that lies in the block which `mean` points to at first.
+int meanAndSD(const std::vector<float>& data, int dim, int count, float* mean, float& sd) {
+  float* block = static_cast<float*>(std::malloc(data.size() * sizeof(float)));
+  std::copy(data.begin(), data.end(), block);
+  const int result = findMeanAndSD(block, dim, count, block, sd);
+  std::copy_n(block, dim, mean);
+  std::free(block);
+  return result;
 }
 
 TEST(Statistics, GiveTheBitsOfTheTable) {
-  support::checkTable("statistics.txt",
-                      {{"findMeanAndSD", support::returnsNumbers(meanAndSD)},
-                       {"mapValue", support::returnsNumbers(mapped)},
-                       {"analyticHeaviside", support::returnsNumbers(heaviside)}});
+  support::checkTable("statistics.txt", {{"findMeanAndSD", calls(meanAndSD)},
+                                         {"mapValue", calls(mapValue)},
+                                         {"analyticHeaviside", calls(analyticHeaviside)}});
 }
 
 TEST(MeanAndSD, RefusesBeforeAnythingIsTouched) {

@@ -2,49 +2,23 @@
 
 #include <chrono>
 
-#include "support/Table.h"
+#include "support/Call.h"
 
 namespace {
 
-using support::givesNumbers;
-
-/// The fields of both overloads.
-void ofMilliseconds(double* in, double* out) {
-  uint64_t fields[7];
-  msec2HMS(static_cast<uint64_t>(*in), fields[0], fields[1], fields[2], fields[3]);
-  msec2HMS(static_cast<uint64_t>(*in), fields[4], fields[5], fields[6]);
-  std::copy(std::begin(fields), std::end(fields), out);
-}
-
-void ofMicroseconds(double* in, double* out) {
-  int fields[4];
-  clocktickTohhmmss(static_cast<int64_t>(*in), fields[0], fields[1], fields[2], fields[3]);
-  std::copy(std::begin(fields), std::end(fields), out);
-}
-
-void ofSeconds(double* in, double* out) {
-  int fields[3];
-  secondTohhmmss(*in, fields[0], fields[1], fields[2]);
-  std::copy(std::begin(fields), std::end(fields), out);
-}
-
-template <double (*unit)(uint64_t)>
-void ofBytes(double* in, double* out) {
-  *out = unit(static_cast<uint64_t>(*in));
-}
+using support::calls;
 
 TEST(Timing, SplitsDurationsAndConvertsBytesAsTheTableSays) {
-  const auto formats = [](const support::Row& row) {
-    EXPECT_SAME(msec2FormatedString(std::stoull(row.arguments.at(0))), row.results.at(0));
-  };
-  support::checkTable("timing.txt", {{"msec2HMS", givesNumbers(ofMilliseconds)},
-                                     {"msec2FormatedString", formats},
-                                     {"clocktickTohhmmss", givesNumbers(ofMicroseconds)},
-                                     {"secondTohhmmss", givesNumbers(ofSeconds)},
-                                     {"byte2KB", givesNumbers(ofBytes<byte2KB>)},
-                                     {"byte2MB", givesNumbers(ofBytes<byte2MB>)},
-                                     {"byte2GB", givesNumbers(ofBytes<byte2GB>)},
-                                     {"byte2TB", givesNumbers(ofBytes<byte2TB>)}});
+  using U = uint64_t;
+  support::checkTable("timing.txt", {{"msec2HMS", calls<void, U, U&, U&, U&, U&>(msec2HMS)},
+                                     {"msec2HMS(3)", calls<void, U, U&, U&, U&>(msec2HMS)},
+                                     {"msec2FormatedString", calls(msec2FormatedString)},
+                                     {"clocktickTohhmmss", calls(clocktickTohhmmss)},
+                                     {"secondTohhmmss", calls(secondTohhmmss)},
+                                     {"byte2KB", calls(byte2KB)},
+                                     {"byte2MB", calls(byte2MB)},
+                                     {"byte2GB", calls(byte2GB)},
+                                     {"byte2TB", calls(byte2TB)}});
 }
 
 TEST(Timing, ReadsTheWallClock) {
