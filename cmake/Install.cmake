@@ -3,12 +3,12 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS Vorquell RUNTIME)
-install(TARGETS ORV_CompareFeatures ORV_CompareFeatures_static Brindle
+install(TARGETS ORV_CompareFeatures ORV_CompareFeatures_static ORV_Search ORV_Search_static Brindle
         EXPORT VorquellTargets
         LIBRARY ARCHIVE
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
-foreach(header ${BRINDLE_HEADERS} ${COMPARISON_HEADERS})
+foreach(header ${BRINDLE_HEADERS} ${COMPARISON_HEADERS} ${SEARCH_HEADERS})
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
@@ -33,7 +33,7 @@ foreach(folder LIBDIR INCLUDEDIR)
     set(PC_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
   endif()
 endforeach()
-foreach(library ORV_CompareFeatures Brindle)
+foreach(library ORV_CompareFeatures ORV_Search Brindle)
   configure_file(cmake/${library}.pc.in ${library}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc
           DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
