@@ -7,7 +7,7 @@
 #include "ratio.h"
 #include "reference/PlainComparison.h"
 #include "support/Bitstream.h"
-#include "support/ScratchDir.h"
+#include "support/Bytes.h"
 
 namespace {
 

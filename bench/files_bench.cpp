@@ -8,6 +8,7 @@
 #include "Brindle/XFileTool/operations.h"
 #include "Brindle/XFileTool/walking.h"
 #include "ratio.h"
+#include "support/Bytes.h"
 #include "support/ScratchDir.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include "Brindle/utility/sorting.h"
 #include "ratio.h"
 #include "reference/PlainNumerics.h"
-#include "support/ScratchDir.h"
+#include "support/Bytes.h"
 
 namespace {
 
@@ -118,7 +118,9 @@ int main(int argc, char** argv) {
   otherInput("last_two_swapped", [](int i) { return i == 9'999 ? 9997.5 : i; });
   otherInput("smallest_last", [](int i) { return i == 9'999 ? -1.0 : i; });
   otherInput("one_appended", [](int i) { return i == 9'999 ? 5000.5 : i; });
-  otherInput("few", [](int i) { return static_cast<double>((i * 2654435761U) >> 27); });
+  otherInput("few", [](int i) {
+    return static_cast<double>((static_cast<unsigned int>(i) * 2654435761U) >> 27);
+  });
   otherInput("largest_first", [](int i) { return i == 0 ? 10'000.0 : i; });
   bytes("1000", 1000);
   bytes("100000", 100'000);

@@ -12,9 +12,9 @@ if(VORQUELL_WERROR)
 endif()
 
 if(VORQUELL_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+  add_compile_options(-fsanitize=${VORQUELL_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
+  add_link_options(-fsanitize=${VORQUELL_SANITIZE})
   set(VORQUELL_STATIC_TOOL OFF)
 endif()
 if(VORQUELL_FUZZERS AND CMAKE_CXX_COMPILER_ID MATCHES Clang)

@@ -1,6 +1,7 @@
 # What `cmake --install` puts where: the tool, the libraries, their headers, the manual page, and
 # what CMake and pkg-config need to find them.
 include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
 
 install(TARGETS Vorquell RUNTIME)
 install(TARGETS ORV_CompareFeatures ORV_CompareFeatures_static ORV_Search ORV_Search_static Brindle

@@ -18,6 +18,7 @@ command -v "$VORQUELL" > /dev/null || { echo "$VORQUELL: no such tool" >&2; exit
 queries() { if [ "$1" = - ]; then cat; else printf '%s\0' "$@"; fi; }
 
 # One shell for many queries. Each line is one short write, so lines of several shells do not mix.
+# shellcheck disable=SC2016  # the inner shell expands
 queries "$@" | xargs -0 -P "$(nproc)" -n 64 sh -c '
   for query; do
     out=$("$VORQUELL" "$TARGET" "$query")

@@ -1,4 +1,4 @@
-// Wraps features into a version 7 bitstream, or writes the bundled samples.
+// Wraps features of one length into a version 7 bitstream, or writes the bundled samples.
 //
 //   make_bitstream wrap OUTPUT FEATURE...   one frame for each feature file, in the order given
 //   make_bitstream samples FOLDER           target.bin, query.bin and query_v7.bin
@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -24,9 +25,22 @@ void putField(std::string& bytes, std::size_t offset, std::size_t value) {
   for (std::size_t i = 0; i < 4; ++i) bytes[offset + i] = static_cast<char>(value >> (8 * i));
 }
 
+/// Whether all features that are not empty have the same length. A comparison finds its way through
+/// a bitstream only then.
+bool haveOneLength(const std::vector<std::string>& features) {
+  std::set<std::size_t> lengths;
+  for (const std::string& feature : features) {
+    if (!feature.empty()) lengths.insert(feature.size());
+  }
+  return lengths.size() <= 1;
+}
+
 std::string wrapFeatures(const std::vector<std::string>& features) {
   if (features.empty() || features.size() > kMaxFrames) {
     throw std::runtime_error("a bitstream holds 1 to 1500 features");
+  }
+  if (!haveOneLength(features)) {
+    throw std::runtime_error("all features must have the same length, or none");
   }
   std::string bitstream(kHeaderSize, '\0');
   putField(bitstream, kVersionOffset, 7);

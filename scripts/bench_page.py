@@ -5,7 +5,7 @@ import pathlib
 import re
 import subprocess
 
-INTRODUCTION = """# Performance {#performance}
+INTRODUCTION = """# Performance {{#performance}}
 
 Made by `scripts/bench` on one machine:
 

@@ -9,10 +9,13 @@
 #include <memory>
 #include <string>
 
+#include "Brindle/detail/handles.h"
 #include "reference/PlainComparison.h"
-#include "support/ScratchDir.h"
+#include "support/Bytes.h"
 
 namespace {
+
+using brindle::detail::Block;
 
 TEST(BitTable, HoldsTheNumberOfSetBitsOfEachByte) {
   for (unsigned int byte = 0; byte < 256; ++byte) {
@@ -48,14 +51,10 @@ TEST(Scoring, OfNoByteIsNotANumberOrZero) {
   EXPECT_EQ(calculateScores("a", "b", -1), 0.0);
 }
 
-struct FreeBlock {
-  void operator()(char* block) const { std::free(block); }
-};
-
 TEST(Scoring, WrapsAroundIn32Bits) {
   constexpr std::size_t kSize = std::size_t{1} << 29;
-  const std::unique_ptr<char, FreeBlock> zeros(static_cast<char*>(std::calloc(kSize, 1)));
-  const std::unique_ptr<char, FreeBlock> block(static_cast<char*>(std::calloc(kSize, 1)));
+  const Block<char> zeros(static_cast<char*>(std::calloc(kSize, 1)));
+  const Block<char> block(static_cast<char*>(std::calloc(kSize, 1)));
   ASSERT_TRUE(zeros && block);
 
   const double negativeZero = calculateScores(zeros.get(), block.get(), 1 << 28);

@@ -2,21 +2,26 @@
 # Runs the examples as the documentation shows them.
 # examples_test.sh EXAMPLES_FOLDER BUILD_FOLDER PYTHON
 set -eu
+. "$(dirname "$0")/support/expect.sh"
 examples=$1 build=$2 python=$3
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 target=$examples/data/target.bin query=$examples/data/query.bin v7=$examples/data/query_v7.bin
 
-fail() { echo "FAILED: $1" >&2; exit 1; }
-expect() { [ "$2" = "$3" ] || fail "$1: got '$2', wanted '$3'"; }
-
 "$build/make_bitstream" samples "$scratch"
 for sample in target query query_v7; do
   cmp "$scratch/$sample.bin" "$examples/data/$sample.bin" || fail "the generator's $sample.bin"
 done
-"$build/make_bitstream" wrap "$scratch/wrapped.bin" "$query" "$target"
+"$build/make_bitstream" wrap "$scratch/wrapped.bin" "$query" /dev/null "$target"
 expect "wrapped features" "$("$build/Vorquell" "$target" "$scratch/wrapped.bin")" \
   "main: Return distance = 0.000000"
+
+if "$build/make_bitstream" wrap "$scratch/mixed.bin" "$target" "$v7" 2> "$scratch/why"; then
+  fail "features of two lengths are wrapped"
+fi
+expect "mixed lengths" "$(cat "$scratch/why")" \
+  "make_bitstream: all features must have the same length, or none"
+[ ! -e "$scratch/mixed.bin" ] || fail "a refused bitstream is written"
 
 expect "C" "$("$build/compare_c" "$target" "$v7")" "version 1.0.0.0:20180102: 0.031250"
 expect "Python" "$(ORV_LIBRARY=$build/libORV_CompareFeatures.so "$python" "$examples/compare.py" \

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <functional>
+#include <list>
 #include <new>
 #include <string>
 #include <utility>
@@ -107,6 +108,7 @@ TEST(Faults, OfAllocationsLeakNothing) {
   const ScratchDir dir;
   const std::string small = dir.write("small", "contents"), longText(500, 'a');
   const std::string large = dir.write("large", std::string(5 << 20, 'x'));
+  const std::wstring wideText(500, L'a');
   const std::string copy = dir / "copy", nested = dir / "a/b/c";
   std::vector<double> values(144, 1.5);
   std::vector<double*> rows;
@@ -134,7 +136,7 @@ TEST(Faults, OfAllocationsLeakNothing) {
       {"xReadWholeFile2", [&] { std::string contents; xReadWholeFile2(large.c_str(), contents); }},
       {"xExplainErrorFromBrindle", [] { xExplainErrorFromBrindle(-12345); }},
       {"str2wstr", [&] { str2wstr(longText, "C"); }},
-      {"wstr2str", [] { wstr2str(std::wstring(500, L'a'), "C"); }},
+      {"wstr2str", [&] { wstr2str(wideText, "C"); }},
       {"trimTailSpacesInString", [&] { trimTailSpacesInString(longText); }},
       {"replaceSubString", [&] { std::string text = longText; replaceSubString(text, "a", "bb"); }},
       {"stringTokenizer", [&] { stringTokenizer(longText + ";" + longText, ";"); }},
@@ -149,6 +151,8 @@ TEST(Faults, OfAllocationsLeakNothing) {
       {"xIsDirExist", [] { xIsDirExist(L"/tmp"); }},
       {"xCreateNestedDir", [&] { xCreateNestedDir(nested, 0); }},
       {"xDeleteDir", [&] { xDeleteDir((dir / "a").c_str()); }},
+      {"xDeleteFile", [&] { xDeleteFile(wideText, -1, 0); }},
+      {"xConcatBinaryFiles", [&] { xConcatBinaryFiles({longText}, copy); }},
       {"xFileCopy", [&] { xFileCopy(large.c_str(), copy.c_str(), true); }},
       {"xGetFileList", [&] { xGetFileList(dir.path()); }},
       {"xGetCurrentAppDir", [] { xGetCurrentAppDir(); }},
@@ -193,6 +197,33 @@ TEST(Faults, NeverReachTheComparison) {
   ORV_CompareFeatures("feature2", 8, kBitstream.data(), 264, &distance);
   EXPECT_EQ(distance, 0.0);
   EXPECT_EQ(allocations, 0);
+}
+
+TEST(Faults, OfTheLastPathOfAWalkKeepWhatWasListedBefore) {
+  const ScratchDir dir;
+  ASSERT_EQ(xCreateDir((dir / "folder").c_str(), 0), -20067);
+  dir.write("folder/file", "");
+  std::filesystem::current_path(dir.path());
+  std::list<std::string> paths;
+  allocations = 0;
+  xWalking(".", paths, WALK_ALL, true);
+  const long last = allocations - 1;
+
+  paths.clear();
+  allocations = 0, failAt = last;
+  EXPECT_THROW(xWalking(".", paths, WALK_ALL, true), std::bad_alloc);
+  EXPECT_EQ(paths, std::list<std::string>{"./folder"});
+  EXPECT_EQ(std::filesystem::current_path(), dir / "folder");
+
+  std::filesystem::current_path(dir.path());
+  char** files = nullptr;
+  int count = 7;
+  allocations = 0;
+  EXPECT_THROW(xDirWalking(".", files, count, WALK_ALL, true), std::bad_alloc);
+  failAt = -1;
+  EXPECT_EQ(std::filesystem::current_path(), dir.path());
+  EXPECT_TRUE(files == nullptr && count == 7);
+  std::filesystem::current_path("/");
 }
 
 TEST(Faults, OfTheWalkersMemoryEndTheProcess) {

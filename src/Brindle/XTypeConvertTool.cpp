@@ -1,13 +1,12 @@
 #include "Brindle/XTypeConvertTool.h"
 
 #include <algorithm>
-#include <clocale>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 
+#include "Brindle/detail/conversion.h"
 #include "detail/dispatch.h"
 
 using namespace vorquell::detail;
@@ -87,21 +86,22 @@ constexpr Variant<bool(const Byte*, std::size_t)> kCheckers[] = {
 
 }  // namespace
 
+// The interface takes its strings by value.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 std::wstring str2wstr(std::string text, std::string locale) {
-  std::setlocale(LC_ALL, locale.c_str());
   std::wstring wide(text.size() + 1, L'\0');
-  std::mbstowcs(wide.data(), text.c_str(), wide.size());
+  brindle::detail::widen(text.c_str(), wide.data(), wide.size(), locale.c_str());
   wide.resize(std::wcslen(wide.c_str()));
   return wide;
 }
 
 std::string wstr2str(std::wstring text, std::string locale) {
-  std::setlocale(LC_ALL, locale.c_str());
-  std::string narrow(2 * text.size() + 1, '\0');
-  std::wcstombs(narrow.data(), text.c_str(), narrow.size());
+  std::string narrow(brindle::detail::narrowRoom(text.size()), '\0');
+  brindle::detail::narrow(text.c_str(), narrow.data(), narrow.size(), locale.c_str());
   narrow.resize(std::strlen(narrow.c_str()));
   return narrow;
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 std::string trimTailSpacesInString(const std::string& text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);

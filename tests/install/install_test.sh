@@ -2,15 +2,13 @@
 # Installs into a scratch prefix and uses what lies there as a stranger would.
 # install_test.sh CMAKE BUILD_FOLDER CXX CC
 set -eu
+. "$(dirname "$0")/../support/expect.sh"
 cmake=$1 build=$2 cxx=$3 cc=$4
 source=$(cd "$(dirname "$0")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 prefix=$scratch/prefix
 samples=$source/examples/data
-
-fail() { echo "FAILED: $1" >&2; exit 1; }
-expect() { [ "$2" = "$3" ] || fail "$1: got '$2', wanted '$3'"; }
 
 "$cmake" --install "$build" --prefix "$prefix" > "$scratch/log"
 # The tree may be moved after it was installed.
@@ -24,7 +22,7 @@ expect "exported symbols" "$(nm -D --defined-only "$lib/libORV_CompareFeatures.s
 T ORV_GetCompareFeaturesVersion"
 readelf -d "$lib/libORV_CompareFeatures.so" | grep -q 'SONAME.*\[libORV_CompareFeatures\.so\.1\]' ||
   fail "soname"
-if [ -n "$(find "$prefix" -name Bitstream.h -o -name detail)" ]; then fail "a private header is installed"; fi
+[ -z "$(find "$prefix" -name Bitstream.h -o -name detail)" ] || fail "a private header is installed"
 [ -f "$prefix/share/man/man1/Vorquell.1" ] || fail "manual page"
 
 # Every installed header compiles alone.
@@ -45,11 +43,13 @@ expect "find_package, C" \
 
 # pkg-config
 export PKG_CONFIG_PATH="$lib/pkgconfig"
+# shellcheck disable=SC2046  # pkg-config prints words
 "$cc" "$source/examples/compare.c" $(pkg-config --cflags --libs ORV_CompareFeatures) \
   -o "$scratch/by_pkg_config"
 expect "pkg-config, shared" \
   "$(LD_LIBRARY_PATH=$lib "$scratch/by_pkg_config" "$samples/target.bin" "$samples/query.bin")" \
   "version 1.0.0.0:20180102: 0.125000"
+# shellcheck disable=SC2046
 "$cxx" "$source/examples/consumer/consumer.cpp" -static -o "$scratch/static" \
   $(pkg-config --static --cflags --libs ORV_CompareFeatures Brindle)
 expect "pkg-config, static" \

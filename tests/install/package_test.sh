@@ -1,33 +1,35 @@
 #!/bin/sh
-# Builds the sources in two folders, compares what they install, and uses the Debian package.
-# package_test.sh CMAKE CXX
+# Builds the sources again in another folder, compares what the two builds install, and uses the
+# Debian package.
+# package_test.sh CMAKE BUILD_FOLDER CXX SETTING...   (-D..., those with which BUILD_FOLDER was made)
 set -eu
-cmake=$1 cxx=$2
+. "$(dirname "$0")/../support/expect.sh"
+cmake=$1 build=$2 cxx=$3
+shift 3
 source=$(cd "$(dirname "$0")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-fail() { echo "FAILED: $1" >&2; exit 1; }
+again=$scratch/another/folder
+samples=$source/examples/data
 
-for folder in one another/folder; do
-  mkdir -p "$scratch/$folder"
-  cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/src" "$source/docs" "$scratch/$folder"
-  "$cmake" -S "$scratch/$folder" -B "$scratch/$folder/build" -DCMAKE_CXX_COMPILER="$cxx" \
-    -DCMAKE_INSTALL_PREFIX=/usr > "$scratch/log"
-  "$cmake" --build "$scratch/$folder/build" --parallel "$(nproc)" > "$scratch/log"
-  DESTDIR=$scratch/$folder/root "$cmake" --install "$scratch/$folder/build" > "$scratch/log"
-done
-diff -r "$scratch/one/root" "$scratch/another/folder/root" || fail "the builds differ"
+mkdir -p "$again"
+cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/src" "$source/docs" "$again"
+"$cmake" -S "$again" -B "$again/build" -DCMAKE_CXX_COMPILER="$cxx" "$@" > "$scratch/log"
+"$cmake" --build "$again/build" --parallel "$(nproc)" > "$scratch/log"
+"$cmake" --install "$again/build" --prefix "$again/root" > "$scratch/log"
+"$cmake" --install "$build" --prefix "$scratch/root" > "$scratch/log"
+diff -r "$scratch/root" "$again/root" || fail "the builds differ"
 
 if command -v dpkg > /dev/null; then
-  (cd "$scratch/one/build" && cpack -G DEB > "$scratch/log")
-  dpkg -x "$scratch"/one/build/*.deb "$scratch/clean"
-  samples=$source/examples/data
-  out=$("$scratch/clean/usr/bin/Vorquell" "$samples/target.bin" "$samples/query_v7.bin")
-  [ "$out" = "main: Return distance = 0.031250" ] || fail "the package's tool: $out"
+  (cd "$again/build" && cpack -G DEB > "$scratch/log")
+  dpkg -x "$again"/build/*.deb "$scratch/clean"
+  expect "the package's tool" \
+    "$("$scratch/clean/usr/bin/Vorquell" "$samples/target.bin" "$samples/query_v7.bin")" \
+    "main: Return distance = 0.031250"
   "$cmake" -S "$source/examples/consumer" -B "$scratch/consumer" -DCMAKE_CXX_COMPILER="$cxx" \
     -DCMAKE_PREFIX_PATH="$scratch/clean/usr" > "$scratch/log"
   "$cmake" --build "$scratch/consumer" > "$scratch/log"
-  out=$("$scratch/consumer/consumer" "$samples/target.bin" "$samples/query_v7.bin")
-  [ "$out" = "0.031250" ] || fail "the package's consumer: $out"
+  expect "the package's consumer" \
+    "$("$scratch/consumer/consumer" "$samples/target.bin" "$samples/query_v7.bin")" "0.031250"
 fi
-echo "package: reproducible, and works where it is unpacked"
+echo "package: the same from every folder, and works where it is unpacked"

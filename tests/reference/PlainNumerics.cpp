@@ -1,8 +1,7 @@
 #include "reference/PlainNumerics.h"
 
 #include <cmath>
-
-#include "Brindle/utility/matrix.h"
+#include <vector>
 
 double plainDeterminant(double** A, int n) {
   if (n == 1) return A[0][0];
@@ -11,15 +10,18 @@ double plainDeterminant(double** A, int n) {
 }
 
 double plainExpansion(double** A, int n, double (*ofMinor)(double**, int)) {
+  const auto size = static_cast<std::size_t>(n - 1);
   double determinant = 0.0;
   for (int j = 0; j < n; ++j) {
-    double** minor = allocate2DDouble(n - 1, n - 1);
+    std::vector<std::vector<double>> minor;
     for (int i = 1; i < n; ++i) {
-      for (int k = 0; k < n - 1; ++k) minor[i - 1][k] = A[i][k < j ? k : k + 1];
+      minor.emplace_back(A[i], A[i] + n);
+      minor.back().erase(minor.back().begin() + j);
     }
+    std::vector<double*> rows(size);
+    for (std::size_t i = 0; i < size; ++i) rows[i] = minor[i].data();
     const double sign = std::pow(-1.0, j + 1.0 + 1.0);
-    determinant += ofMinor(minor, n - 1) * (sign * A[0][j]);
-    safeDelete2DDouble(n - 1, minor);
+    determinant += ofMinor(rows.data(), n - 1) * (sign * A[0][j]);
   }
   return determinant;
 }

@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
-#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -15,16 +12,12 @@
 #include <string>
 #include <vector>
 
+#include "support/SameBits.h"
+
 /// Takes the arguments and writes the results.
 using CaseCall = void (*)(double* in, double* out);
 
-/// The same bits, or both not a number.
-inline bool sameBits(double a, double b) {
-  return (std::isnan(a) && std::isnan(b)) ||
-         std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
-
-/// Expects every line's results to the bit, unchanged arguments and nothing written behind the
+/// Expects every line's results to the bit, unchanged arguments and nothing written after the
 /// results; and at least one line for every call.
 inline void expectCases(const std::string& path, const std::map<std::string, CaseCall>& calls) {
   std::set<std::string> tried;
@@ -42,8 +35,9 @@ inline void expectCases(const std::string& path, const std::map<std::string, Cas
     std::vector<double> found(expected.begin(), begin);
     found.resize(expected.size(), kGuard);
     calls.at(name)(found.data(), found.data() + (begin - expected.begin()));
-    EXPECT_TRUE(std::ranges::equal(found, expected, sameBits)) << line << '\n'
-                                                               << testing::PrintToString(found);
+    EXPECT_TRUE(std::equal(found.begin(), found.end(), expected.begin(), sameBits))
+        << line << '\n'
+        << testing::PrintToString(found);
   }
   EXPECT_EQ(tried.size(), calls.size()) << path;
 }

@@ -1,4 +1,4 @@
-// What a function returns and what it prints.
+// What a call returns and what it prints, compared at once.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,9 +6,30 @@
 #include <string>
 #include <utility>
 
+#include "support/Same.h"
+
+template <class Result>
+struct Outcome {
+  Outcome(Result returned, std::string text)
+      : result(std::move(returned)), printed(std::move(text)) {}
+  // for the tests that still pair
+  Outcome(const std::pair<Result, std::string>& both) : Outcome(both.first, both.second) {}
+
+  Result result;
+  std::string printed;
+
+  bool operator==(const Outcome& other) const {
+    return support::isSame(result, other.result) && printed == other.printed;
+  }
+  friend void PrintTo(const Outcome& outcome, std::ostream* out) {
+    *out << support::digits(outcome.result) << ", printing "
+         << testing::PrintToString(outcome.printed);
+  }
+};
+
 template <class Call, class... Arguments>
 auto outcome(const Call& call, const Arguments&... arguments) {
   testing::internal::CaptureStdout();
-  const auto result = call(arguments...);
-  return std::pair(result, testing::internal::GetCapturedStdout());
+  auto result = call(arguments...);
+  return Outcome<decltype(result)>{std::move(result), testing::internal::GetCapturedStdout()};
 }

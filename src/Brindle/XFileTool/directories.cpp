@@ -10,61 +10,42 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
-#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "Brindle/XTypeConvertTool.h"
 #include "Brindle/detail/condition.h"
-#include "Brindle/utility/stringConversion.h"
+#include "Brindle/detail/conversion.h"
+#include "Brindle/detail/handles.h"
+#include "Brindle/detail/locales.h"
+#include "Brindle/detail/path.h"
+
+using namespace brindle::detail;
 
 namespace {
 
-using brindle::detail::conditionCode;
-
-constexpr int kNotReady = 65;
-constexpr int kCreated = 67;
-constexpr int kAlreadyExisted = 68;
-
 constexpr mode_t kPermissions = 0775;
-constexpr const char* kLocale = "chinese";
-
-struct BlockRelease {
-  void operator()(char* block) const { std::free(block); }
-};
-using Block = std::unique_ptr<char, BlockRelease>;
-
-/// Closing leaves `errno` to the caller, as the call that failed before has set it.
-struct FolderCloser {
-  void operator()(DIR* folder) const {
-    const int kept = errno;
-    closedir(folder);
-    errno = kept;
-  }
-};
-using FolderHandle = std::unique_ptr<DIR, FolderCloser>;
 
 /// Returns the length of the parent of `path`, its separator included; 0 when there is none.
 /// Throws for an empty path.
 template <class Char>
 std::size_t parentLength(const std::basic_string<Char>& path) {
-  constexpr Char kSeparators[] = {'/', '\\', 0};
   const Char last = path.at(path.size() - 1);
-  const bool isTrailing = last == kSeparators[0] || last == kSeparators[1];
+  const bool isTrailing = std::basic_string_view(kSeparators<Char>).find(last) != path.npos;
   const std::basic_string_view<Char> name(path.data(), path.size() - (isTrailing ? 1 : 0));
-  return name.find_last_of(kSeparators) + 1;
+  return name.find_last_of(kSeparators<Char>) + 1;
 }
 
 /// Returns null, with `errno` set, when there is no memory.
-Block childPath(const char* parent, const char* name) {
+Block<char> childPath(const char* parent, const char* name) {
   const std::size_t size = std::strlen(parent) + std::strlen(name) + 2;
-  Block path(static_cast<char*>(std::malloc(size)));
+  Block<char> path(static_cast<char*>(std::malloc(size)));
   if (path) std::snprintf(path.get(), size, "%s/%s", parent, name);
   return path;
 }
 
 int deleteEntry(const char* parent, const char* name) {
-  const Block path = childPath(parent, name);
+  const Block<char> path = childPath(parent, name);
   if (!path) return -1;
   struct stat status;
   if (stat(path.get(), &status) != 0) return -1;
@@ -87,7 +68,7 @@ int deleteEntriesOf(const char* path) {
 
 bool xIsDirExist(const char* path) {
   struct stat status;
-  return path != nullptr && stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+  return stat(orEmpty(path), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 bool xIsDirExist(const std::string& path) {
@@ -95,22 +76,23 @@ bool xIsDirExist(const std::string& path) {
 }
 
 bool xIsDirExist(const wchar_t* path) {
-  if (path == nullptr) path = L"";
-  // Zeroed, as the conversion leaves out the terminator of a text that fills its two bytes each.
-  const Block narrow(static_cast<char*>(std::calloc(2 * std::wcslen(path) + 2, 1)));
-  if (!narrow) {
+  path = orEmpty(path);
+  // Zeroed and one byte larger, as the conversion leaves out the terminator of a long text.
+  const std::size_t size = narrowRoom(std::wcslen(path)) + 1;
+  const Block<char> narrowPath(static_cast<char*>(std::calloc(size, 1)));
+  if (!narrowPath) {
     std::puts(
         "Error: cannot create temporary storage for char string (inside "
         "isDirectoryExist_wchar(...))!");
     return false;
   }
-  if (wcharStr2charStr(path, narrow.get(), kLocale) < 0) {
+  if (narrowOrReport(path, narrowPath.get(), kChineseLocale) < 0) {
     std::puts(
         "Error: problem occurs when converting wchar_t string to char string (inside "
         "isDirectoryExist_wchar(...))!");
     return false;
   }
-  return xIsDirExist(narrow.get());
+  return xIsDirExist(narrowPath.get());
 }
 
 bool xIsDirExist(const std::wstring& path) {
@@ -118,17 +100,17 @@ bool xIsDirExist(const std::wstring& path) {
 }
 
 int xCreateDir(const char* path, int /*mode*/) {
-  if (path == nullptr) path = "";
-  if (mkdir(path, kPermissions) == 0) return conditionCode(kCreated);
-  if (errno == EEXIST) return conditionCode(kAlreadyExisted);
+  path = orEmpty(path);
+  if (mkdir(path, kPermissions) == 0) return conditionCode(Condition::kDirectoryCreated);
+  if (errno == EEXIST) return conditionCode(Condition::kDirectoryExisted);
   std::printf("%s: Fail to create directory '%s'. (Err: %s)\n", "xCreateDir", path,
               std::strerror(errno));
-  return conditionCode(kNotReady);
+  return conditionCode(Condition::kDirectoryNotReady);
 }
 
 int xCreateDir(const wchar_t* /*path*/, int /*mode*/) {
   std::puts("WCHAR for create directory is not supported!");
-  return conditionCode(kNotReady);
+  return conditionCode(Condition::kDirectoryNotReady);
 }
 
 bool xCreateNestedDir(const std::string& path, int mode) {
@@ -143,7 +125,8 @@ bool xCreateNestedDir(const std::string& path, int mode) {
   bool isReady = true;
   for (; !missing.empty(); missing.pop_back()) {
     level.assign(path, 0, missing.back());
-    isReady = !isReady || xCreateDir(level.c_str(), mode) != conditionCode(kNotReady);
+    isReady =
+        !isReady || xCreateDir(level.c_str(), mode) != conditionCode(Condition::kDirectoryNotReady);
   }
   return isReady;
 }
@@ -159,14 +142,14 @@ bool xCreateNestedDir(const std::wstring& path, int mode) {
 }
 
 int xDeleteDir(const char* path) {
-  if (path == nullptr) path = "";
+  path = orEmpty(path);
   const int result = deleteEntriesOf(path);
   return result != 0 ? result : rmdir(path);
 }
 
 int xDeleteDir(const wchar_t* /*path*/) {
   std::puts("WCHAR for delete directory is not supported!");
-  return conditionCode(kNotReady);
+  return conditionCode(Condition::kDirectoryNotReady);
 }
 
 int xDeleteDir(const std::wstring& path) {
@@ -174,5 +157,5 @@ int xDeleteDir(const std::wstring& path) {
 }
 
 void xDeleteDir(const std::string& path) {
-  xDeleteDir(str2wstr(path, kLocale));
+  xDeleteDir(str2wstr(path, kChineseLocale));
 }

@@ -6,30 +6,25 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "Brindle/detail/condition.h"
+#include "Brindle/detail/handles.h"
+#include "Brindle/detail/path.h"
+
+using namespace brindle::detail;
 
 namespace {
-
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
 // Page faults cost more than reading a cached file; from this size on, huge pages pay.
 constexpr std::uint64_t kHugePageSize = std::uint64_t{2} << 20;
 constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 47;  // no address space holds more
 constexpr std::uint64_t kNoSize = ~std::uint64_t{0};
 
-constexpr int kFailToOpen = 50;  // the status code's number
-
-/// A null path names no file.
 FileHandle openFile(const char* path) {
-  return FileHandle(std::fopen(path == nullptr ? "" : path, "rb"));
+  return FileHandle(std::fopen(orEmpty(path), "rbe"));
 }
 
-/// File systems differ in the size that they give a folder; here it has none, as a pipe.
+/// File systems differ in the size that they give a folder; here it has none, like a FIFO.
 std::uint64_t sizeOf(std::FILE* file) {
   struct stat status;
   if (fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode)) return kNoSize;
@@ -43,7 +38,7 @@ void* allocateBlock(std::uint64_t length) {
   if (length < kHugePageSize) return std::malloc(length);
   void* block = nullptr;
   if (posix_memalign(&block, kHugePageSize, length) != 0) return nullptr;
-  madvise(block, length, MADV_HUGEPAGE);  // only advice: the block is as good without
+  madvise(block, length, MADV_HUGEPAGE);  // only advice: without huge pages loading is slower
   return block;
 }
 
@@ -67,10 +62,10 @@ void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& lengt
 int xReadWholeFile2(const char* path, std::string& contents) {
   const FileHandle file = openFile(path);
   const std::uint64_t size = file ? sizeOf(file.get()) : kNoSize;
-  if (size == kNoSize) return brindle::detail::conditionCode(kFailToOpen);
+  if (size == kNoSize) return conditionCode(Condition::kFailToOpenFile);
   contents.resize(size);
   std::rewind(file.get());
-  // A short read is as good: it leaves the rest of `contents` as it is.
+  // A short read is not an error: it leaves the rest of `contents` as it is.
   [[maybe_unused]] const std::size_t delivered = std::fread(contents.data(), 1, size, file.get());
   return 0;
 }

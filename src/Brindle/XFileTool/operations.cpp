@@ -10,27 +10,22 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <memory>
 #include <utility>
 
 #include "Brindle/XFileTool/directories.h"
 #include "Brindle/XFileTool/loading.h"
 #include "Brindle/XTypeConvertTool.h"
 #include "Brindle/detail/condition.h"
+#include "Brindle/detail/handles.h"
+#include "Brindle/detail/locales.h"
+#include "Brindle/detail/path.h"
+
+using namespace brindle::detail;
 
 namespace {
 
-using brindle::detail::conditionCode;
-
-constexpr int kFailToOpen = 50;
-constexpr int kFailToWrite = 54;
 constexpr int kTargetRetries = 5;
 constexpr int kWaitMs = 100;
-constexpr const char* kLocale = "chinese";
-
-const char* orEmpty(const char* path) {
-  return path == nullptr ? "" : path;
-}
 
 void waitFor(int waitMs) {
   constexpr std::int64_t kLongest = std::numeric_limits<useconds_t>::max();
@@ -38,18 +33,12 @@ void waitFor(int waitMs) {
   usleep(static_cast<useconds_t>(std::clamp<std::int64_t>(microseconds, 0, kLongest)));
 }
 
-struct Free {
-  void operator()(unsigned char* block) const { std::free(block); }
-};
-
 /// Writes a new file and returns whether all bytes were written.
 bool writeFile(const char* path, const unsigned char* bytes, std::uint64_t size) {
-  std::FILE* file = std::fopen(orEmpty(path), "wb");
-  if (file == nullptr) return false;
-  std::setvbuf(file, nullptr, _IONBF, 0);  // so that fwrite() hears of every byte
-  const bool isWritten = std::fwrite(bytes, size, 1, file) == 1;
-  std::fclose(file);
-  return isWritten;
+  const FileHandle file(std::fopen(orEmpty(path), "wbe"));
+  if (!file) return false;
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);  // so that fwrite() learns the fate of every byte
+  return std::fwrite(bytes, size, 1, file.get()) == 1;
 }
 
 std::string quoted(const std::string& name) {
@@ -67,22 +56,10 @@ std::string concatCommand(const std::list<std::string>& files, const std::string
   return command + " > " + quoted(output);
 }
 
-/// An open file; below zero when it could not be opened.
-struct Descriptor {
-  explicit Descriptor(int opened) : fd(opened) {}
-  ~Descriptor() {
-    if (fd >= 0) close(fd);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  const int fd;
-};
-
 }  // namespace
 
 bool xIsFileExist(const char* path) {
-  return path != nullptr && access(path, F_OK) == 0;
+  return access(orEmpty(path), F_OK) == 0;
 }
 
 bool xIsFileExist(std::string& path) {
@@ -106,7 +83,7 @@ bool xDeleteFile(const std::string& path, int retries, int waitMs) {
 }
 
 bool xDeleteFile(const std::wstring& path, int retries, int waitMs) {
-  return xDeleteFile(wstr2str(path, kLocale), retries, waitMs);
+  return xDeleteFile(wstr2str(path, kChineseLocale), retries, waitMs);
 }
 
 void xDeleteFiles(std::list<std::string>& files) {
@@ -125,8 +102,8 @@ int xFileCopy(const char* source, const char* target, bool overwrite) {
   unsigned char* loaded = nullptr;
   std::uint64_t size = 0;
   xLoadBinFile(source, loaded, size);
-  const std::unique_ptr<unsigned char, Free> bytes(loaded);
-  if (size == 0 || bytes == nullptr) return -1;
+  const Block<unsigned char> bytes(loaded);
+  if (size == 0 || !bytes) return -1;
   return writeFile(target, bytes.get(), size) ? 0 : -1;
 }
 
@@ -144,28 +121,28 @@ int xConcatBinaryFiles(const std::list<std::string>& files, std::string output) 
 
 int xWriteFileThroughCache(const char* path, const char* data, unsigned int size, int offset) {
   path = orEmpty(path);
-  const Descriptor file(open(path, O_WRONLY | O_SYNC));
+  const Descriptor file(open(path, O_WRONLY | O_SYNC | O_CLOEXEC));
   if (file.fd < 0) {
     std::printf("Error in opening %s: %s (errno %d)\n", path, std::strerror(errno), errno);
-    return conditionCode(kFailToOpen);
+    return conditionCode(Condition::kFailToOpenFile);
   }
   if (lseek(file.fd, offset, SEEK_SET) < 0) {
     std::printf("Error in setting position to %d in %s: %s (errno %d)\n", offset, path,
                 std::strerror(errno), errno);
-    return conditionCode(kFailToOpen);
+    return conditionCode(Condition::kFailToOpenFile);
   }
   if (write(file.fd, data, size) < 0) {
     std::printf("Error in writing %d byte data to %s: %s (errno %d)\n", static_cast<int>(size),
                 path, std::strerror(errno), errno);
-    return conditionCode(kFailToWrite);
+    return conditionCode(Condition::kFailToWriteFile);
   }
   fsync(file.fd);
   return 0;
 }
 
 int xFileSync(const char* path) {
-  const Descriptor file(open(orEmpty(path), O_WRONLY | O_DSYNC));
-  return file.fd < 0 ? conditionCode(kFailToOpen) : fsync(file.fd);
+  const Descriptor file(open(orEmpty(path), O_WRONLY | O_DSYNC | O_CLOEXEC));
+  return file.fd < 0 ? conditionCode(Condition::kFailToOpenFile) : fsync(file.fd);
 }
 
 int xFileSync(int fd) {

@@ -9,22 +9,16 @@
 
 #include "Brindle/XTypeConvertTool.h"
 #include "Brindle/detail/condition.h"
+#include "Brindle/detail/locales.h"
+#include "Brindle/detail/path.h"
+
+using namespace brindle::detail;
 
 namespace {
-
-using brindle::detail::conditionCode;
-
-constexpr int kFileNotLocated = 51;
-constexpr int kPathTooLong = 57;
 
 constexpr std::size_t kResultSize = 1024;       // characters in a block that is handed out
 constexpr std::size_t kLongestForFolder = 259;  // characters of a path that only loses its name
 
-constexpr const char* kPathLocale = "en_US.UTF-8";
-constexpr const char* kAbsoluteLocale = "chinese";
-
-template <class Char>
-constexpr Char kSeparators[] = {'/', '\\', 0};
 template <class Char>
 constexpr Char kExtensionDelimiters[] = {'.', ' ', 0};
 
@@ -79,9 +73,9 @@ void copyOut(View<Char> text, Char* target) {
 
 template <class Char>
 int split(const Char* path, Char* name, Char* folder) {
-  if (path == nullptr) return conditionCode(kFileNotLocated);
+  if (path == nullptr) return conditionCode(Condition::kFailToLocateFile);
   const auto component = lastToken(path, kSeparators<Char>);
-  if (!component) return conditionCode(kPathTooLong);
+  if (!component) return conditionCode(Condition::kPathTooLong);
   const View<Char> whole(path);
   const View<Char> rest = whole.substr(0, whole.size() - component->size());
   copyOut(*component, name);
@@ -106,7 +100,7 @@ String<Char> partsOf(const String<Char>& path, bool keepFolder, bool keepExtensi
   return keepExtension ? kept : withoutExtension(kept);
 }
 
-/// Tells whether the last token of `path` is `ext`; a path that is one whole token needs none.
+/// Whether the last token of `path` is `ext`; a path that is one whole token needs none.
 template <class Char>
 bool endsInToken(const Char* path, const Char* delimiters, const Char* ext) {
   if (ext == nullptr) return false;
@@ -191,7 +185,8 @@ std::wstring forwardSlashToBackward(std::wstring path) {
 }
 
 std::string xUniformFilePath(std::string path) {
-  return wstr2str(xUniformFilePath(str2wstr(std::move(path), kPathLocale)), kPathLocale);
+  return wstr2str(xUniformFilePath(str2wstr(std::move(path), kUniformPathLocale)),
+                  kUniformPathLocale);
 }
 
 std::wstring xUniformFilePath(std::wstring path) {
@@ -205,7 +200,8 @@ std::wstring xUniformFilePath(std::wstring path) {
 }
 
 std::string xFixFolderPath(std::string path) {
-  return wstr2str(xFixFolderPath(str2wstr(std::move(path), kPathLocale)), kPathLocale);
+  return wstr2str(xFixFolderPath(str2wstr(std::move(path), kUniformPathLocale)),
+                  kUniformPathLocale);
 }
 
 std::wstring xFixFolderPath(std::wstring path) {
@@ -215,7 +211,7 @@ std::wstring xFixFolderPath(std::wstring path) {
 }
 
 bool xIsPathAbsolute(const std::string& path) {
-  return xIsPathAbsolute(str2wstr(path, kAbsoluteLocale));
+  return xIsPathAbsolute(str2wstr(path, kChineseLocale));
 }
 
 bool xIsPathAbsolute(const std::wstring& path) {

@@ -9,17 +9,20 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <memory>
 #include <span>
 
 #include "Brindle/XTypeConvertTool.h"
+#include "Brindle/detail/handles.h"
+#include "Brindle/detail/locales.h"
+#include "Brindle/detail/path.h"
+
+using namespace brindle::detail;
 
 namespace {
 
 constexpr std::size_t kPathSize = 255;  // bytes of a path with its terminator
 constexpr std::int32_t kFirstCapacity = 16;
 constexpr unsigned int kDirectoryBit = 4;
-constexpr const char* kLocale = "chinese";
 
 bool countsAsDirectory(const dirent& entry) {
   return (entry.d_type & kDirectoryBit) != 0;
@@ -30,14 +33,10 @@ bool countsAsDirectory(const dirent& entry) {
   std::exit(EXIT_FAILURE);
 }
 
-struct DirCloser {
-  void operator()(DIR* folder) const { closedir(folder); }
-};
-
 /// Calls `visit` with each entry, in the system's order. False when the folder cannot be opened.
 template <class Visit>
 bool visitEntries(const char* path, Visit visit) {
-  const std::unique_ptr<DIR, DirCloser> folder(opendir(path));
+  const FolderHandle folder(opendir(path));
   if (!folder) return false;
   while (dirent* entry = readdir(folder.get())) visit(*entry);
   return true;
@@ -83,7 +82,8 @@ void enter(const char* folder) {
 
 void walkBelow(const char* path, EntryList& list, std::list<std::string>& files,
                FILE_WALKING_OPTION option) {
-  const auto directories = std::ranges::count_if(list.view(), countsAsDirectory);
+  const auto entries = list.view();
+  const auto directories = std::count_if(entries.begin(), entries.end(), countsAsDirectory);
   if (directories == 0) return;
   keepFirst(list, static_cast<std::int32_t>(directories));
   for (const dirent& entry : list.view()) {
@@ -94,10 +94,14 @@ void walkBelow(const char* path, EntryList& list, std::list<std::string>& files,
   }
 }
 
-/// Enters `home` at the end of its life.
-struct Return {
-  ~Return() { enter(home); }
-  const char* home;
+/// Returns to `home` at the end of its life, also when the walk throws.
+struct WorkingDirectoryGuard {
+  explicit WorkingDirectoryGuard(const char* folder) : home(folder) {}
+  ~WorkingDirectoryGuard() { enter(home); }
+  WorkingDirectoryGuard(const WorkingDirectoryGuard&) = delete;
+  WorkingDirectoryGuard& operator=(const WorkingDirectoryGuard&) = delete;
+
+  const char* const home;
 };
 
 /// A zero-filled array that `free` releases.
@@ -162,7 +166,7 @@ void xAddFile(flist* list, dirent* entry) {
 
 void xWalking(const char* path, std::list<std::string>& files, FILE_WALKING_OPTION option,
               bool recursive) {
-  if (path == nullptr) path = "";
+  path = orEmpty(path);
   EntryList list;
   const bool isOpen = visitEntries(".", [&list](dirent& entry) {
     if (!isSelfOrParent(entry.d_name)) xAddFile(&list, &entry);
@@ -182,7 +186,7 @@ void xWalking(const char* path, std::list<std::string>& files, FILE_WALKING_OPTI
 
 void xDirWalking(const char* path, char**& files, int& count, FILE_WALKING_OPTION option,
                  bool recursive) {
-  if (path == nullptr) path = "";
+  path = orEmpty(path);
   std::array<char, kPathSize> home;
   if (getcwd(home.data(), home.size()) == nullptr) {
     std::puts("Error: cannot get current working directory!");
@@ -194,7 +198,7 @@ void xDirWalking(const char* path, char**& files, int& count, FILE_WALKING_OPTIO
   }
   std::list<std::string> walked;
   {
-    const Return atTheEnd{home.data()};
+    const WorkingDirectoryGuard guard(home.data());
     xWalking(path, walked, option, recursive);
   }
   char** const copied = copyOf(walked);
@@ -210,10 +214,10 @@ std::vector<std::string> xGetFileList(const std::string& folder) {
 }
 
 std::vector<std::wstring> xGetFileList(const std::wstring& folder) {
-  const std::vector<std::string> names = xGetFileList(wstr2str(folder, kLocale));
+  const std::vector<std::string> names = xGetFileList(wstr2str(folder, kChineseLocale));
   std::vector<std::wstring> wideNames;
   wideNames.reserve(names.size());
-  for (const std::string& name : names) wideNames.push_back(str2wstr(name, kLocale));
+  for (const std::string& name : names) wideNames.push_back(str2wstr(name, kChineseLocale));
   return wideNames;
 }
 

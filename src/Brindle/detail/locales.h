@@ -4,6 +4,7 @@
 
 namespace brindle::detail {
 
+/// That of all conversions but those of xUniformFilePath() and xFixFolderPath().
 inline constexpr const char* kChineseLocale = "chinese";
 inline constexpr const char* kUniformPathLocale = "en_US.UTF-8";
 

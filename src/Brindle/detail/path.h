@@ -1,5 +1,5 @@
-// What the file tools know of paths. Private: not installed. Used by all of XFileTool/, where a null
-// path counts as an empty one and both slashes separate.
+// What the file tools know of paths. Private: not installed. Used by XFileTool/, where a null path
+// counts as an empty one and both slashes separate, and by stringTools.
 #pragma once
 
 namespace brindle::detail {

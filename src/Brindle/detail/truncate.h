@@ -1,5 +1,5 @@
-// Truncating doubles to `int`. Private: not installed. Used by timing and colourSpace, whose results
-// are defined for values that no `int` holds.
+// Truncating doubles to `int`. Private: not installed. Used by timing and colourSpace, whose
+// results are defined for values that no `int` holds.
 #pragma once
 
 #include <climits>

@@ -1,8 +1,11 @@
-// Points of the plane and which way three of them turn. Private: not installed. Used by the polygons
-// and by the mask that asks on which side of a segment it lies.
+// Points of the plane and which way three of them turn. Private: not installed. Used by the
+// polygons and by the mask that asks on which side of a segment it lies.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+
+#include "detail/wrap.h"
 
 namespace brindle::detail {
 
@@ -24,6 +27,15 @@ inline Point vertexOf(const double* poly, int i) {
 /// p1, y pointing up. The order of the products is part of the result.
 inline double turn(Point p0, Point p1, Point p2) {
   return (p2.y - p0.y) * (p1.x - p0.x) - (p1.y - p0.y) * (p2.x - p0.x);
+}
+
+/// The same of integer points, each an x, y pair, in 32 bits that wrap around.
+inline std::int32_t wrappedTurn(const int* p0, const int* p1, const int* p2) {
+  using vorquell::detail::wrappingMultiply;
+  using vorquell::detail::wrappingSubtract;
+  return wrappingSubtract(
+      wrappingMultiply(wrappingSubtract(p2[1], p0[1]), wrappingSubtract(p1[0], p0[0])),
+      wrappingMultiply(wrappingSubtract(p1[1], p0[1]), wrappingSubtract(p2[0], p0[0])));
 }
 
 }  // namespace brindle::detail

@@ -3,14 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
-#include "Brindle/utility/colourSpace.h"
 #include "Brindle/detail/hueOnly.h"
+#include "Brindle/utility/colourSpace.h"
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
+using std::numbers::pi;
+
+constexpr double kTwoPi = 2.0 * pi;
 constexpr double k25To7 = 6103515625.0;
 constexpr double kMinVividSaturation = 0.2;
 
@@ -48,7 +50,8 @@ struct Hues {
   double mean;        // mean h'
 };
 
-/// Angles in radians; the mean hue stays within one turn.
+/// Hues, and the constant angles of so many degrees, in radians; the mean hue stays within one
+/// turn.
 struct Radians {
   static constexpr double k6 = 0.10471975511965978;
   static constexpr double k25 = 0.4363323129985824;
@@ -73,18 +76,18 @@ struct Radians {
 
   static double difference(double h1, double h2) {
     const double plain = h2 - h1;
-    if (plain < -kPi) return plain + kTwoPi;
-    return plain > kPi ? plain - kTwoPi : plain;
+    if (plain < -pi) return plain + kTwoPi;
+    return plain > pi ? plain - kTwoPi : plain;
   }
 
   static double mean(double h1, double h2) {
     const double sum = h1 + h2;
-    if (std::fabs(h1 - h2) <= kPi) return sum / 2.0;
+    if (std::fabs(h1 - h2) <= pi) return sum / 2.0;
     return (sum < kTwoPi ? sum + kTwoPi : sum - kTwoPi) / 2.0;
   }
 };
 
-/// Angles in degrees; the mean of hues on both sides of 0 is not brought back below 360.
+/// The same in degrees; the mean of hues on both sides of 0 is not brought back below 360.
 struct Degrees {
   static constexpr double k6 = 6.0;
   static constexpr double k25 = 25.0;
@@ -92,10 +95,10 @@ struct Degrees {
   static constexpr double k63 = 63.0;
   static constexpr double k275 = 275.0;
 
-  static double toRadians(double angle) { return angle * kPi / 180.0; }
+  static double toRadians(double angle) { return angle * pi / 180.0; }
 
   static double hue(const Adjusted& colour) {
-    const double angle = std::atan2(colour.b, colour.a) * 180.0 / kPi;
+    const double angle = std::atan2(colour.b, colour.a) * 180.0 / pi;
     return angle < 0.0 ? angle + 360.0 : angle;
   }
 

@@ -5,17 +5,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "detail/wrap.h"
+
+using namespace vorquell::detail;
+
 namespace {
 
-constexpr std::int64_t kFrameLength = 9;  // "|" before the cells and "| [100%]" behind them
+constexpr std::int64_t kFrameLength = 9;  // "|" before the cells and "| [100%]" after them
 
 void printRepeated(char character, std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) std::putchar(character);
-}
-
-/// `value` cut to 32 bits.
-int wrapped(std::int64_t value) {
-  return static_cast<int>(value);
 }
 
 void printCells(int width, int filled) {
@@ -33,14 +32,14 @@ int displayConsoleProgressBar(int percent, char* text, bool overwrite, int width
   percent = std::clamp(percent, 0, 100);
   if (overwrite) printRepeated('\b', previousStrLen);
   std::putchar('|');
-  printCells(width, wrapped(std::int64_t{width} * percent) / 100);
+  printCells(width, wrappingMultiply(width, percent) / 100);
   std::printf("| [%3d%%]", percent);
   if (text != nullptr) std::printf(" %s", text);
 
   const std::int64_t textLength = text == nullptr ? 0 : std::int64_t(std::strlen(text)) + 1;
   const int length = wrapped(textLength + width + kFrameLength);
   if (length < previousStrLen) {
-    const int excess = wrapped(std::int64_t{previousStrLen} - length);
+    const int excess = wrappingSubtract(previousStrLen, length);
     printRepeated(' ', excess);
     printRepeated('\b', excess);
   }

@@ -67,7 +67,7 @@ void smoothOnce(const float* points, std::size_t count, std::size_t radius, cons
 
 void smooth(std::vector<Point2Df>& points, int radius, int iterations, Weighting weighting) {
   const auto reach = static_cast<std::size_t>(radius);
-  // Only points behind `radius` others, and before the last one, move.
+  // Only points after `radius` others, and before the last one, move.
   if (iterations == 0 || points.size() < reach + 2) return;
   const Window window(reach, weighting);
   std::vector<float> from(2 * points.size());

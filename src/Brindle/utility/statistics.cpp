@@ -4,15 +4,11 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 
+#include "Brindle/detail/handles.h"
 #include "Brindle/detail/nearZero.h"
 
 namespace {
-
-struct BlockReleaser {
-  void operator()(float* block) const { std::free(block); }
-};
 
 void findMean(const float* data, std::size_t dim, std::size_t count, float* mean) {
   for (std::size_t r = 0; r < count; ++r) {
@@ -41,7 +37,7 @@ int findMeanAndSD(float* data, int dim, int count, float*& mean, float& sd) {
   }
   const auto components = static_cast<std::size_t>(dim);
   const auto vectors = static_cast<std::size_t>(count);
-  const std::unique_ptr<float, BlockReleaser> old(mean);  // `data` may lie in it
+  const brindle::detail::Block<float> old(mean);  // `data` may lie in it
   sd = 0.0F;
   mean = static_cast<float*>(std::calloc(components, sizeof(float)));
   if (mean == nullptr) return -1;

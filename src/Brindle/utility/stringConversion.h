@@ -1,35 +1,26 @@
 /// @file
 /// Conversions between narrow and wide C strings into buffers of the caller's.
 ///
-/// Both first call `setlocale(LC_ALL, locale)` and never restore what was set before: the whole
-/// process stays in the locale that was asked for, or, where the system knows no locale of that
-/// name, in the one it was in.
+/// Both set the process's locale as str2wstr() does (Brindle/XTypeConvertTool.h); a null `locale`
+/// keeps it. They must not run beside other threads that use the locale.
 ///
-/// @warning Conversions must not run beside other threads that use the locale.
+/// They return how many bytes or wide characters they wrote before the terminator, low 32 bits;
+/// with a null `destination` they only count, without a limit. When `source` is null or holds what
+/// cannot be converted, they print a message and return -1, with what precedes that in
+/// `destination`, without a terminator.
 #pragma once
 
-/// Converts to wide. Sets the process's locale.
-///
-/// Prints "Error: some characters cannot be converted into wchat_t (inside
-/// charStr2wcharStr(...))!\n" (one line) when `source` is null or holds a sequence that is invalid
-/// in the locale; what precedes the sequence is converted, without a terminator.
-/// @param source  zero-terminated bytes in the locale's encoding, or null
-/// @param destination  must have room for strlen(source) + 1 wide characters; null converts nothing
-/// @param locale  a name as `setlocale` takes it; null keeps the locale
-/// @return the number of wide characters before the terminator, cut to 32 bits; -1 after the
-/// message
+/// @defgroup stringConversion Narrow and wide buffers
+/// @{
+
+/// Converts to wide. `destination` has room for strlen(source) + 1 wide characters. Prints "Error:
+/// some characters cannot be converted into wchat_t (inside charStr2wcharStr(...))!\n" (one line).
 int charStr2wcharStr(const char* source, wchar_t* destination, const char* locale);
 
-/// Converts to narrow. Sets the process's locale.
-///
-/// A result of more than 2 * wcslen(source) + 1 bytes is cut after the last whole character that
-/// fits, and has no terminator when it fills the room.
-///
-/// Prints "Error: some characters cannot be converted into char (inside wcharStr2charStr(...))!\n"
-/// when `source` is null or holds a character that the locale cannot encode; what precedes the
-/// character is converted, without a terminator.
-/// @param source  zero-terminated wide characters, or null
-/// @param destination  must have room for 2 * wcslen(source) + 1 bytes; null converts nothing
-/// @param locale  a name as `setlocale` takes it; null keeps the locale
-/// @return the number of bytes before the terminator, cut to 32 bits; -1 after the message
+/// Converts to narrow. `destination` has room for 2 * wcslen(source) + 1 bytes; a longer result is
+/// truncated as by wstr2str(). A result of more than 2 * wcslen(source) bytes, truncated or not,
+/// has no terminator. Prints "Error: some characters cannot be converted into char (inside
+/// wcharStr2charStr(...))!\n" (one line).
 int wcharStr2charStr(const wchar_t* source, char* destination, const char* locale);
+
+/// @}

@@ -7,9 +7,11 @@
 #include <functional>
 #include <utility>
 
+#include "Brindle/detail/path.h"
+
 namespace {
 
-/// Tells in one step whether a character is in a set; null stands for the empty set.
+/// A set of characters that are looked up in one step; null stands for the empty set.
 class CharacterSet {
  public:
   explicit CharacterSet(const char* characters) {
@@ -32,6 +34,8 @@ const char* findPattern(const char* begin, const char* end, const std::string& p
 
 }  // namespace
 
+// The interface takes its strings by value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void replaceSubString(std::string& text, std::string pattern, std::string replacement) {
   if (pattern.empty()) return;
   const char* const end = text.data() + text.size();
@@ -64,6 +68,7 @@ std::vector<std::string> stringTokenizer(std::string text, const char* delimiter
 }
 
 std::string getPathLastName(std::string path) {
-  const std::vector<std::string> elements = stringTokenizer(std::move(path), "/\\");
+  const std::vector<std::string> elements =
+      stringTokenizer(std::move(path), brindle::detail::kSeparators<char>);
   return elements.empty() ? std::string() : elements.back();
 }

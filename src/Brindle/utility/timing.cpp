@@ -2,16 +2,13 @@
 
 #include <sys/time.h>
 
-#include <climits>
 #include <cstdio>
 
-namespace {
+#include "Brindle/detail/truncate.h"
 
-/// Truncates as the processor does: to INT_MIN where the value does not fit.
-int truncateToInt(double value) {
-  constexpr double kLimit = 2147483648.0;
-  return value > -kLimit - 1.0 && value < kLimit ? static_cast<int>(value) : INT_MIN;
-}
+using brindle::detail::truncateToInt;
+
+namespace {
 
 void splitSeconds(int total, int& hours, int& minutes, int& seconds) {
   hours = total / 3600;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "support/Bytes.h"
 #include "support/InScratchDir.h"
 
 namespace {

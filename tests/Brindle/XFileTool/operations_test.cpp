@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "Brindle/BrindleErrcode.h"
+#include "support/Bytes.h"
 #include "support/KnownLocales.h"
 #include "support/Outcome.h"
 

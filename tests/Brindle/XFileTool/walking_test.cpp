@@ -59,7 +59,7 @@ TEST_F(Walking, ListsFoldersFirstByBytesAndDepthFirst) {
       Paths expected;
       std::copy_if(all.begin(), all.end(), std::back_inserter(expected), [=](const auto& path) {
         const bool isFolder = fs::is_directory(fs::symlink_status(path));
-        return (recursive || std::ranges::count(path, '/') == 1) && option != (isFolder ? 0 : 1);
+        return (recursive || std::count(path.begin(), path.end(), '/') == 1) && option != (isFolder ? 0 : 1);
       });
       EXPECT_EQ(walked("r", FILE_WALKING_OPTION(option), recursive), expected) << option;
     }

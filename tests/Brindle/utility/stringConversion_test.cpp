@@ -6,6 +6,8 @@
 
 namespace {
 
+using namespace std::string_literals;
+
 constexpr char kUtf8[] = "C.UTF-8";
 
 TEST(BufferConversion, CountsOrReportsWhatCannotBeConverted) {
@@ -20,20 +22,19 @@ TEST(BufferConversion, CountsOrReportsWhatCannotBeConverted) {
   }
 }
 
-TEST(BufferConversion, ToNarrowStaysInItsRoom) {
+TEST(BufferConversion, ToNarrowStaysInItsRoomAndTerminatesWhatIsShort) {
   const std::string message =
       "Error: some characters cannot be converted into char (inside wcharStr2charStr(...))!\n";
   const std::tuple<std::wstring, int, std::string, std::string> cases[] = {
-      {L"ab", 2, "ab", ""},
-      {L"漢字", 3, "漢", ""},
-      {L"漢", 3, "漢", ""},
-      {L"a\xD800", -1, "a", message}};
+      {L"ab", 2, "ab\0GGGGG"s, ""},
+      {L"漢字", 3, "漢GGGGG", ""},
+      {L"é漢", 5, "é漢GGG", ""},
+      {L"漢", 3, "漢GGGGG", ""},
+      {L"a\xD800", -1, "aGGGGGGG", message}};
   for (const auto& [source, count, expected, printed] : cases) {
-    char narrow[16] = {};
-    char& guard = narrow[2 * source.size() + 1] = 'G';
-    EXPECT_EQ(outcome(wcharStr2charStr, source.c_str(), &narrow[0], kUtf8),
+    std::string narrow(8, 'G');
+    EXPECT_EQ(outcome(wcharStr2charStr, source.c_str(), narrow.data(), kUtf8),
               std::pair(count, printed));
-    EXPECT_EQ(std::exchange(guard, '\0'), 'G');
     EXPECT_EQ(narrow, expected);
   }
 }

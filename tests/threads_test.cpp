@@ -1,0 +1,75 @@
+// What has variants for the processor, called first from many threads at once: each of them may be
+// the one that chooses. The preset thread builds this with ThreadSanitizer, which reports races.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <latch>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Brindle/XTypeConvertTool.h"
+#include "Brindle/utility.h"
+#include "ORV_CompareFeatures.h"
+#include "support/Bitstream.h"
+#include "support/Bytes.h"
+
+namespace {
+
+constexpr int kWidth = 60;
+constexpr int kHeight = 40;
+constexpr int kPixels = kWidth * kHeight;
+
+unsigned char* raw(const std::string& bytes) {
+  return reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data()));
+}
+
+/// Expects of 16 threads that call at the same time what a later call returns.
+void expectSameFromAllThreads(const char* function, const std::function<std::string()>& call) {
+  std::vector<std::string> answers(16);
+  std::latch start(16);
+  std::vector<std::thread> threads;
+  for (std::string& answer : answers) {
+    threads.emplace_back([&start, &answer, &call] {
+      start.arrive_and_wait();
+      answer = call();
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(answers, std::vector<std::string>(16, call())) << function;
+}
+
+TEST(Threads, GetWhatOneThreadGetsFromTheFirstCallOn) {
+  const std::string feature = randomBytes(4096, 1), image = randomBytes(3 * kPixels, 2);
+  const std::string query = bitstreamHeader(7, 2) + frame(randomBytes(4096, 3)) + frame(feature);
+  const std::string text = std::string(1000, 'a') + "\xC3\xA4" + std::string(1000, 'b');
+
+  expectSameFromAllThreads("ORV_CompareFeatures", [&] {
+    double distance = 0.5;
+    ORV_CompareFeatures(feature.data(), 4096, query.data(), static_cast<unsigned>(query.size()),
+                        &distance);
+    return std::to_string(distance);
+  });
+  expectSameFromAllThreads("IsUtf8", [&] { return std::to_string(IsUtf8(text.c_str())); });
+  expectSameFromAllThreads("xSwapImageDataOrder", [&] {
+    std::string copy(image.size(), '\0');
+    unsigned char* target = raw(copy);
+    xSwapImageDataOrder(raw(image), kWidth, kHeight, 3 * kWidth, 3 * kPixels, target);
+    return copy;
+  });
+  expectSameFromAllThreads("byte2BitData", [&] {
+    unsigned char* packed = nullptr;
+    unsigned long length = 0;
+    byte2BitData(raw(image), kWidth, kHeight, packed, length);
+    const std::string copy(reinterpret_cast<char*>(packed), length);
+    std::free(packed);
+    return copy;
+  });
+  expectSameFromAllThreads("bitData2Byte", [&] {
+    std::string pixels(kPixels, '\0');
+    bitData2Byte(raw(feature), kWidth, kHeight, raw(pixels), kWidth, kHeight, 0, 0, true);
+    return pixels;
+  });
+}
+
+}  // namespace
