@@ -10,7 +10,8 @@ fail() { echo "FAILED: $1" >&2; exit 1; }
 
 for folder in one another/folder; do
   mkdir -p "$scratch/$folder"
-  cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/src" "$source/docs" "$scratch/$folder"
+  cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/completions" "$source/docs" \
+    "$source/src" "$scratch/$folder"
   "$cmake" -S "$scratch/$folder" -B "$scratch/$folder/build" -DCMAKE_CXX_COMPILER="$cxx" \
     -DCMAKE_INSTALL_PREFIX=/usr > "$scratch/log"
   "$cmake" --build "$scratch/$folder/build" --parallel "$(nproc)" > "$scratch/log"
