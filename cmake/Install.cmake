@@ -1,9 +1,9 @@
-# What `cmake --install` puts where: the tool, the libraries, their headers, the manual page, and
-# what CMake and pkg-config need to find them.
+# What `cmake --install` puts where: the tool, the libraries, their headers, the manual pages,
+# completion for bash, and what CMake and pkg-config need to find them.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
-install(TARGETS Vorquell RUNTIME)
+install(TARGETS Vorquell VorquellSearch RUNTIME)
 install(TARGETS ORV_CompareFeatures ORV_CompareFeatures_static ORV_Search ORV_Search_static Brindle
         EXPORT VorquellTargets
         LIBRARY ARCHIVE
@@ -13,7 +13,9 @@ foreach(header ${BRINDLE_HEADERS} ${COMPARISON_HEADERS} ${SEARCH_HEADERS})
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
-install(FILES docs/Vorquell.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES docs/Vorquell.1 docs/VorquellSearch.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES completions/Vorquell completions/VorquellSearch
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Vorquell)
 configure_package_config_file(cmake/VorquellConfig.cmake.in VorquellConfig.cmake

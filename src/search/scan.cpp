@@ -45,15 +45,6 @@ unsigned usefulThreads(unsigned threads, const Features& targets, const Features
   return std::max(1U, static_cast<unsigned>(useful));
 }
 
-/// Calls `onBlock(block, first)` with each block of `features` and the number of its first.
-template <class OnBlock>
-void forEachBlock(const Features& features, OnBlock onBlock) {
-  const std::uint64_t size = blockSize(features.length);
-  for (std::uint64_t first = 0; first < features.count; first += size) {
-    onBlock(features.slice(first, std::min(size, features.count - first)), first);
-  }
-}
-
 void writeBlockDistances(const char* target, const Features& block, double* distances) {
   std::array<std::uint32_t, kMaxBlock> counts;
   std::uint64_t done = block.count - block.count % kGroup;

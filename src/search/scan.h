@@ -1,6 +1,7 @@
 // Many targets with many features. Private: not installed. Used by the library and the program.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -30,6 +31,15 @@ inline constexpr std::uint64_t kMaxBlock = 1024;
 /// How many features of `length` bytes are a block: a multiple of kGroup that stays in the
 /// first-level cache while all targets pass, or 1 where even one would not stay.
 std::uint64_t blockSize(std::uint64_t length);
+
+/// Calls `onBlock(block, first)` with each block of `features` and the number of its first.
+template <class OnBlock>
+void forEachBlock(const Features& features, OnBlock onBlock) {
+  const std::uint64_t size = blockSize(features.length);
+  for (std::uint64_t first = 0; first < features.count; first += size) {
+    onBlock(features.slice(first, std::min(size, features.count - first)), first);
+  }
+}
 
 /// Offers `closest` the features of a block; `entryOf(bits, index)` makes the entry of the one with
 /// that number in the block.
