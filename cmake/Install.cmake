@@ -41,3 +41,9 @@ foreach(library ORV_CompareFeatures ORV_Search Brindle)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc
           DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
+
+# The Python module goes where Debian's interpreter looks for it under /usr: only with
+# `cmake --install --component python`, as in the package. Others use pip.
+install(DIRECTORY python/vorquell DESTINATION lib/python3/dist-packages
+        COMPONENT python EXCLUDE_FROM_ALL
+        FILES_MATCHING PATTERN "*.py" PATTERN "py.typed")
