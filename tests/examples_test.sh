@@ -21,6 +21,11 @@ expect "the manual's script: near" "$(outcome)" "near"
 head -c 300 "$v7" > "$scratch/query.bin"
 expect "the manual's script: truncated" "$(outcome)" "not compared"
 
+# What the comments say that each family prints.
+mkdir "$scratch/families"
+expect "families" "$(cd "$scratch/families" && "$build/families" | sed 's/ *$//')" \
+  "$(sed -n 's|.*printf(.*;  *// ||p' "$examples/families.cpp")"
+
 "$build/make_bitstream" wrap "$scratch/wrapped.bin" "$query" /dev/null "$target"
 expect "wrapped features" "$("$build/Vorquell" "$target" "$scratch/wrapped.bin")" \
   "main: Return distance = 0.000000"
