@@ -135,7 +135,10 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   const std::string after(1 << 16, ' ');  // so that the list moves
   xAddFile(&list, list.entries);
   EXPECT_EQ(list.capacity, 64);
-  EXPECT_EQ(std::memcmp(&list.entries[32], &list.entries[0], 24), 0);
+  const auto head = [&list](int i) {
+    return std::string(reinterpret_cast<const char*>(&list.entries[i]), 24);
+  };
+  EXPECT_EQ(head(32), head(0));
   for (int i = 0; i < 16; ++i) {
     const bool isFolder = (i & 4) != 0;
     EXPECT_EQ(std::string(list.entries[i].d_name, 256), "abc" + std::string(253, '\0')) << i;
