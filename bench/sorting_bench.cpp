@@ -96,7 +96,7 @@ void bytes(const std::string& name, std::size_t n) {
   };
   const auto plain = [=] {
     auto values = input;
-    plainRadixSort(values, 3, [] {});
+    plainRadixSort(values, 3);
     benchmark::DoNotOptimize(values.data());
     return values;
   };

@@ -1,6 +1,7 @@
 """Runs the benchmarks of a build folder and makes the performance page of their figures."""
 import argparse
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -13,9 +14,23 @@ Made by `scripts/bench` on one machine:
 - compiler: {compiler}
 
 "Plain" is the same job done in the plainest way (`tests/reference/`, or a command of the system),
-measured turn by turn with the product in one process, after their answers were found equal. Times
-are medians; "ratio" is plain over product, and says more than the times do on a shared machine.
+measured turn by turn with the product in one process, after their answers were found equal; a row
+"over" something names the kernel it is compared with. Times are medians; the ratio beside a time is
+plain over product, and says more than the time does on a shared machine.
+
+The three columns are one processor with all its instructions, with AVX2 at most, and with those
+that each x86-64 has. The product asks glibc what the processor can do, which
+`GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2` and the like change, for glibc's own functions as well.
+Elsewhere the compiler's question is asked, whose answers nothing changes: there the columns agree.
 """
+
+_NO_AVX512 = "-AVX512F,-AVX512VL,-AVX512BW,-AVX512DQ,-AVX512CD"
+PROCESSORS = {  # column: what the processor is to lack
+    "all instructions": "",
+    "AVX2 at most": _NO_AVX512,
+    "baseline": f"{_NO_AVX512},-AVX2,-SSSE3,-POPCNT",
+}
+INSTRUCTION_SETS = ("Avx512", "Avx2", "Popcnt", "Ssse3", "Baseline")
 
 
 def processor() -> str:
@@ -41,17 +56,42 @@ def duration(nanoseconds: float) -> str:
     return f"{nanoseconds:.3g} ns"
 
 
-def rows(program: pathlib.Path, wanted: str) -> list[str]:
-    """Returns a table row for each benchmark of the program."""
+def measured(program: pathlib.Path, wanted: str, missing: str) -> dict[str, dict]:
+    """Returns the program's benchmarks by name, on a processor that lacks what is missing."""
     run = subprocess.run(
         [program, "--benchmark_format=json", f"--benchmark_filter={wanted}"],
+        env=os.environ | {"GLIBC_TUNABLES": f"glibc.cpu.hwcaps={missing}"},
         capture_output=True, text=True, check=True)
     found = json.loads(run.stdout)["benchmarks"] if run.stdout.strip() else []
-    return [
-        f"| `{b['name'].split('/iterations')[0]}` | {duration(b['plain_ns'])} "
-        f"| {duration(b['fast_ns'])} | {b['ratio']:.3g} |"
-        for b in found
-    ]
+    return {b["name"].split("/iterations")[0]: b for b in found}
+
+
+def rows(program: pathlib.Path, wanted: str) -> list[str]:
+    """Returns a table row for each benchmark of the program."""
+    columns = [measured(program, wanted, missing) for missing in PROCESSORS.values()]
+    table = []
+    for name, first in columns[0].items():
+        cells = [
+            f"{duration(column[name]['fast_ns'])}, {column[name]['ratio']:.3g}"
+            if name in column else "–" for column in columns
+        ]
+        table.append(f"| `{name}` | {duration(first['plain_ns'])} | {' | '.join(cells)} |")
+    return table
+
+
+def variants() -> list[str]:
+    """Returns a table row for each table of variants in the sources."""
+    table = []
+    for source in sorted(pathlib.Path("src").rglob("*.cpp")):
+        for entries in re.findall(r"constexpr Variant<.*?\] = \{(.*?)\};", source.read_text(), re.S):
+            functions = dict(re.findall(r"\{InstructionSet::k(\w+),\s*(\w+)", entries))
+            cells = [f"`{functions[s]}`" if s in functions else "" for s in INSTRUCTION_SETS]
+            table.append(f"| `{source.relative_to('src')}` | {' | '.join(cells)} |")
+    return table
+
+
+def heading(*titles: str) -> list[str]:
+    return [f"| {' | '.join(titles)} |", "|---" * len(titles) + "|"]
 
 
 def main() -> None:
@@ -65,7 +105,10 @@ def main() -> None:
         table = rows(program, arguments.filter)
         if table:
             page += [f"## {program.name.removesuffix('_bench')}", "",
-                     "| benchmark | plain | product | ratio |", "|---|---|---|---|", *table, ""]
+                     *heading("benchmark", "plain", *PROCESSORS), *table, ""]
+    page += ["## Variants", "",
+             "Functions for sets of instructions, of which the best that the processor has runs:", "",
+             *heading("source", *INSTRUCTION_SETS), *variants(), ""]
     text = "\n".join(page)
     print(text)
     if arguments.filter == ".":

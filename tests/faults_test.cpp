@@ -21,6 +21,7 @@
 #include "Brindle/utility.h"
 #include "FeatureReader.h"
 #include "ORV_CompareFeatures.h"
+#include "ORV_Search.h"
 #include "support/Bitstream.h"
 #include "support/ScratchDir.h"
 
@@ -163,6 +164,11 @@ TEST(Faults, OfAllocationsLeakNothing) {
       {"polylineToCurvature", [&] { Floats found; polylineToCurvature(line, found, 2, 2); }},
       {"findMeanAndSD", [&] { findMeanAndSD(data.data(), 3, 10, mean, sd); release(mean); }},
       {"byte2BitData", [&] { byte2BitData(bytes.data(), 60, 60, packed, bits); release(packed); }},
+      {"ORV_Nearest", [&] {
+        ORV_Match found[4];
+        const int status = ORV_Nearest("target", 1, longText.data(), 83, 6, 4, 1, found);
+        EXPECT_EQ(status, failAt >= 0 && failAt < allocations ? ORV_OUT_OF_MEMORY : ORV_FOUND);
+      }},
       {"erosion", [&] { erosion(bytes.data(), 64, 64); }},
   };
   // clang-format on

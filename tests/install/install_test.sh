@@ -20,10 +20,19 @@ expect "tool" "$("$prefix/bin/Vorquell" "$samples/target.bin" "$samples/query_v7
 expect "exported symbols" "$(nm -D --defined-only "$lib/libORV_CompareFeatures.so" | cut -d' ' -f2-)" \
   "T ORV_CompareFeatures
 T ORV_GetCompareFeaturesVersion"
-readelf -d "$lib/libORV_CompareFeatures.so" | grep -q 'SONAME.*\[libORV_CompareFeatures\.so\.1\]' ||
-  fail "soname"
+expect "exported symbols of the search" \
+  "$(nm -D --defined-only "$lib/libORV_Search.so" | cut -d' ' -f2- | tr '\n' ' ')" \
+  "T ORV_Distances T ORV_MatchQuery T ORV_Nearest T ORV_SearchText "
+for library in ORV_CompareFeatures ORV_Search; do
+  readelf -d "$lib/lib$library.so" | grep -q "SONAME.*\[lib$library\.so\.1\]" || fail "soname"
+done
+expect "search" "$("$prefix/bin/VorquellSearch" "$samples/target.bin" "$samples/query.bin")" \
+  "0.125000	0	$samples/query.bin"
 [ -z "$(find "$prefix" -name Bitstream.h -o -name detail)" ] || fail "a private header is installed"
-[ -f "$prefix/share/man/man1/Vorquell.1" ] || fail "manual page"
+for program in Vorquell VorquellSearch; do
+  [ -f "$prefix/share/man/man1/$program.1" ] || fail "manual page"
+  [ -f "$prefix/share/bash-completion/completions/$program" ] || fail "completion"
+done
 
 # Every installed header compiles alone.
 (cd "$prefix/include" && find . -name '*.h') | while read -r header; do
@@ -49,6 +58,12 @@ export PKG_CONFIG_PATH="$lib/pkgconfig"
 expect "pkg-config, shared" \
   "$(LD_LIBRARY_PATH=$lib "$scratch/by_pkg_config" "$samples/target.bin" "$samples/query.bin")" \
   "version 1.0.0.0:20180102: 0.125000"
+# shellcheck disable=SC2046
+echo '#include <ORV_Search.h>
+int main(void) { ORV_Match m; return ORV_Nearest("a", 1, "ba", 2, 1, 1, 2, &m) + (int)m.index; }' |
+  "$cc" -xc -std=c99 - -xnone -static -o "$scratch/search" \
+    $(pkg-config --static --cflags --libs ORV_Search)
+expect "pkg-config, static search" "$("$scratch/search" || echo $?)" 1
 # shellcheck disable=SC2046
 "$cxx" "$source/examples/consumer/consumer.cpp" -static -o "$scratch/static" \
   $(pkg-config --static --cflags --libs ORV_CompareFeatures Brindle)

@@ -13,7 +13,8 @@ again=$scratch/another/folder
 samples=$source/examples/data
 
 mkdir -p "$again"
-cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/src" "$source/docs" "$again"
+cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/completions" "$source/src" \
+  "$source/docs" "$again"
 "$cmake" -S "$again" -B "$again/build" -DCMAKE_CXX_COMPILER="$cxx" "$@" > "$scratch/log"
 "$cmake" --build "$again/build" --parallel "$(nproc)" > "$scratch/log"
 "$cmake" --install "$again/build" --prefix "$again/root" > "$scratch/log"

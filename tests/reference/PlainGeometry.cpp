@@ -15,7 +15,7 @@ bool isZero(double value) {
   return -9.999999974752427e-7 <= value && value <= 9.999999974752427e-7;
 }
 
-void smooth(std::vector<Point2Df>& points, int radius, int iterations, bool squared) {
+void smooth(std::vector<Point2Df>& points, int radius, int iterations) {
   const int n = static_cast<int>(points.size());
   for (int pass = 0; pass < iterations; ++pass) {
     const std::vector<Point2Df> from = points;
@@ -23,7 +23,7 @@ void smooth(std::vector<Point2Df>& points, int radius, int iterations, bool squa
       float sum = 0.0F, sumX = 0.0F, sumY = 0.0F;
       for (int j = i - radius; j <= i + radius && j >= 0 && j < n; ++j) {
         const float height = static_cast<float>(radius + 1 - std::abs(j - i));
-        const float weight = squared ? height * height : height;
+        const float weight = height * height;
         sum += weight;
         sumX += weight * from.data()[j].x;
         sumY += weight * from.data()[j].y;
@@ -103,7 +103,7 @@ std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool 
   if (points.size() < 2) return angles;
   std::vector<Point2Df> at = points, d(points.size());
   std::vector<float> length(points.size());
-  smooth(at, radius, iterations, true);
+  smooth(at, radius, iterations);
   for (std::size_t i = 0; i < d.size(); ++i) {
     const std::size_t from = std::min(i, d.size() - 2), p = i == 0 ? 0 : i - 1;
     d[i] = {at[from + 1].x - at[from].x, at[from + 1].y - at[from].y};
@@ -115,20 +115,4 @@ std::vector<float> plainPolylineAngle(const std::vector<Point2Df>& points, bool 
     if (normalize) angles[i] = angles[i] / (length[p] * length[i] + 1e-6F);
   }
   return angles;
-}
-
-std::vector<float> plainPolylineCurvature(const std::vector<Point2Df>& points, int radius,
-                                          int iterations) {
-  std::vector<float> curvature(points.size(), 0.0F);
-  if (points.size() < 3) return curvature;
-  std::vector<Point2Df> a = points, d1(points.size()), d2(points.size());
-  smooth(a, radius, iterations, false);
-  for (std::size_t i = 1; i < a.size(); ++i) {
-    d1[i] = {a[i].x - a[i - 1].x, a[i].y - a[i - 1].y};
-    d2[i] = {d1[i].x - d1[i - 1].x, d1[i].y - d1[i - 1].y};
-    const float s = d1[i].x * d1[i].x + d1[i].y * d1[i].y;
-    const float q = std::sqrt(s * s * s);
-    if (!isZero(q)) curvature[i] = (d1[i].x * d2[i].y - d1[i].y * d2[i].x) / q;
-  }
-  return curvature;
 }

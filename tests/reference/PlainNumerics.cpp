@@ -26,30 +26,6 @@ double plainExpansion(double** A, int n, double (*ofMinor)(double**, int)) {
   return determinant;
 }
 
-double plainDeterminant3(double** A) {
-  const double a = A[0][0], b = A[0][1], c = A[0][2];
-  const double d = A[1][0], e = A[1][1], f = A[1][2];
-  const double g = A[2][0], h = A[2][1], i = A[2][2];
-  double sum = (a * e) * i;
-  sum -= (a * f) * h;
-  sum -= i * (b * d);
-  sum += (b * f) * g;
-  sum += h * (d * c);
-  sum -= g * (c * e);
-  return sum;
-}
-
-void plainInverse3(double** A, double** inverse) {
-  const double determinant = plainDeterminant3(A);
-  for (int row = 0; row < 3; ++row) {
-    for (int column = 0; column < 3; ++column) {
-      const int r1 = (column + 1) % 3, r2 = (column + 2) % 3;
-      const int c1 = (row + 1) % 3, c2 = (row + 2) % 3;
-      inverse[row][column] = (A[r1][c1] * A[r2][c2] - A[r1][c2] * A[r2][c1]) / determinant;
-    }
-  }
-}
-
 void plainQuickSort(double* values, int* index, int left, int right) {
   if (left >= right) return;
   const double pivot = values[left];

@@ -1,168 +1,124 @@
 #include "Brindle/XFileTool/operations.h"
 
-#include <sys/resource.h>
+#include <fcntl.h>
+#include <unistd.h>
 
-#include <climits>
-#include <csignal>
-#include <cstring>
+#include <cstdio>
 
 #include "Brindle/BrindleErrcode.h"
 #include "support/Bytes.h"
 #include "support/KnownLocales.h"
-#include "support/Outcome.h"
 
 std::vector<unsigned int> pauses;  // in microseconds
 
 /// Notes the pause instead of sleeping. In the third one another program empties a folder.
 extern "C" int usleep(useconds_t microseconds) {
   pauses.push_back(microseconds);
-  return pauses.size() == 3 && std::filesystem::remove("late/file") ? 0 : -1;
+  return pauses.size() == 3 ? unlink("late/file") : 0;
 }
 
 namespace {
 
-namespace fs = std::filesystem;
-using Pauses = std::vector<unsigned int>;
-using Text = const char*;
-constexpr int kOpenCode = 300 - 50, kWriteCode = 300 - 54;
-
-/// Allows the process files of four bytes while the object lives.
-struct FourByteFiles {
-  FourByteFiles() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit tight{4, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &tight);
-  }
-  ~FourByteFiles() { setrlimit(RLIMIT_FSIZE, &before); }
-  rlimit before;
-};
-
 /// Works with codes that have moved.
 struct Operations : InScratchDir {
-  Operations() {
-    xErrSetOffsetBrindle(300);
-    renew();
-  }
-  void renew() const {
-    for (const auto& entry : fs::directory_iterator(".")) fs::remove_all(entry.path());
-    for (Text folder : {"dir/sub", "hollow", "late"}) fs::create_directories(folder);
-    for (Text file : {"b c", "five5", "late/file", "n\n'l'"}) dir.write(file, file);
-    dir.write("empty", "");
-    pauses.clear();
-  }
-  /// The bytes of a file, or "none".
-  static std::string left(const std::string& path) {
-    return fs::is_regular_file(path) ? readAll(path) : "none";
-  }
+  Operations() { xErrSetOffsetBrindle(300); }
 };
 
-TEST_F(Operations, TellWhatExistsToNarrowPathsOnly) {
-  fs::create_symlink("missing", "dangling");
-  for (std::string path : {"/", "dir", "empty", "", "missing", "dangling", "empty/"}) {
-    std::wstring wide(path.begin(), path.end());
-    EXPECT_EQ(xIsFileExist(path) + xIsFileExist(path.c_str()), 2 * fs::exists(path)) << path;
-    EXPECT_FALSE(xIsFileExist(wide) || xIsFileExist(wide.c_str())) << path;
-  }
+/// A result, and the pauses before it if any.
+template <class Result>
+Effect withPauses(const Result& result) {
+  const auto taken = std::exchange(pauses, {});
+  if (taken.empty()) return result;
+  return support::digits(result) + " after " + testing::PrintToString(taken);
 }
 
-TEST_F(Operations, DeleteWithRetries) {
-  const std::tuple<int, int, Pauses> cases[] = {
-      {2, 10, Pauses(3, 10'000)},      {0, 1, {1000}},          {-1, 9, {}}, {0, -7, {0}},
-      {0, 4'294'967, {4'294'967'000}}, {0, INT_MAX, {UINT_MAX}}};
-  for (const auto& [retries, waitMs, expected] : cases) {
-    EXPECT_FALSE(xDeleteFile(std::wstring(L"dir"), retries, waitMs));
-    EXPECT_EQ(std::exchange(pauses, {}), expected) << retries << ' ' << waitMs;
-  }
-  renew();
-  EXPECT_TRUE(xDeleteFile(std::string("late"), INT_MAX, 2) && !fs::exists("late"));
-  EXPECT_EQ(std::exchange(pauses, {}), Pauses(3, 2000));
-  std::list<std::string> files = {"five5", "", "n\n'l'", "missing", "hollow"};
+Effect exists(const Words& words) {
+  std::string path = words.at(0);
+  std::wstring wide = widened(path);
+  const wchar_t* const widePath = path == "null" ? nullptr : wide.c_str();
+  return std::vector{xIsFileExist(pathOf(path)), xIsFileExist(path), xIsFileExist(widePath),
+                     xIsFileExist(wide)};
+}
+
+template <class Path>
+Effect deleteFile(const Path& path, const Words& words) {
+  return withPauses(xDeleteFile(path, std::stoi(words.at(1)), std::stoi(words.at(2))));
+}
+
+Effect deleteFiles(const Words& words) {
+  std::list<std::string> files(words.begin(), words.end());
   xDeleteFiles(std::as_const(files));
+  const auto before = pauses.size();
   xDeleteFiles(files);
-  EXPECT_EQ(pauses, Pauses(2 + 5, 100'000));
-  EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 3);
+  return withPauses(before);
 }
 
-TEST_F(KnownLocales, CutTheWidePathThatIsDeleted) {
-  for (Text file : {"日", "日日"}) dir.write(file, "");
-  EXPECT_EQ(localeAfter([] { EXPECT_TRUE(xDeleteFile(std::wstring(L"日日日"), -1, 0)); }),
-            "chinese");
-  EXPECT_TRUE(fs::exists("日") && !fs::exists("日日"));
+Effect copyFile(const Words& words) {
+  return withPauses(xFileCopy(pathOf(words.at(0)), pathOf(words.at(1)), flag(words.at(2))));
 }
 
-TEST_F(Operations, CopyAFile) {
-  using Row = std::tuple<Text, Text, bool, int, std::string, std::size_t>;
-  for (const auto& [source, target, overwrite, result, expected, waited] :
-       {Row("five5", "'n'\n\"", 0, 0, "five5", 0), Row("five5", "b c", 1, 0, "five5", 0),
-        Row("five5", "b c", 0, -1, "b c", 0), Row("five5", "hollow", 1, 0, "five5", 0),
-        Row("five5", "dir", 1, -1, "none", 6), Row("five5", "no/new", 1, -1, "none", 0),
-        Row("five5", "five5", 1, -1, "none", 0), Row("five5", nullptr, 1, -1, "none", 0),
-        Row("missing", "b c", 1, -1, "b c", 0), Row(nullptr, "b c", 1, -1, "b c", 0),
-        Row("empty", "b c", 1, -1, "none", 0), Row("dir", "b c", 1, -1, "none", 0)}) {
-    renew();
-    EXPECT_EQ(xFileCopy(source, target, overwrite), result) << expected;
-    EXPECT_EQ(left(target == nullptr ? "null" : target), expected);
-    EXPECT_EQ(pauses, Pauses(waited, 100'000));
-  }
-  fs::create_symlink("made", "dangling");
-  EXPECT_EQ(xFileCopy("five5", "dangling", false), 0);
-  EXPECT_EQ(left("made"), "five5");
-  const FourByteFiles limit;
-  EXPECT_EQ(xFileCopy("five5", "copy", true), -1);
-  EXPECT_EQ(left("copy"), "five");
+Effect copyFolder(const Words& words) {
+  return xDirCopy(pathOf(words.at(0)), pathOf(words.at(1)), flag(words.at(2)));
 }
 
-TEST_F(Operations, CopyOfAFolderOnlyClearsTheTarget) {
-  EXPECT_EQ(xDirCopy("hollow", "dir", false) + xDirCopy("missing", "dir", true), -2);
-  EXPECT_EQ(xDirCopy(nullptr, "dir", true) + xDirCopy("dir", "empty", true), -2);
-  EXPECT_TRUE(fs::exists("dir/sub") && fs::exists("empty"));
-  EXPECT_EQ(xDirCopy("hollow", "dir", true) + xDirCopy("late", "late", true), -2);
-  EXPECT_FALSE(fs::exists("dir") || fs::exists("late"));
+Effect joinFiles(const Words& words) {
+  return withPauses(xConcatBinaryFiles({words.begin() + 1, words.end()}, words.at(0)));
 }
 
-TEST_F(Operations, JoinFilesThroughTheShell) {
-  using Row = std::tuple<std::list<std::string>, Text, Text>;
-  const int input = dup(0), errors = dup(2);
-  for (const auto& [files, output, expected] :
-       {Row({"five5", "b c ", "b c"}, "a \n'b'", "five5b cb c"), Row({}, "b c", "b c"),
-        Row({" ", "b c", "", "b c"}, "b ", "b cb c"), Row({"b c", "no"}, "five5", "b c"),
-        Row({"n\n'l'", "b c\t"}, "a", "n\n'l'"), Row({"five5", "b$(echo ' ')c"}, "a", "five5b c"),
-        Row({" ", ""}, "a", "n\n'l'"), Row({"b c"}, "dir", "none")}) {
-    renew();
-    ASSERT_TRUE(std::freopen("n\n'l'", "r", stdin) && std::freopen("messages", "w", stderr));
-    EXPECT_EQ(xConcatBinaryFiles(files, output), 0);
-    dup2(input, 0), dup2(errors, 2);
-    EXPECT_EQ(left(output), expected) << output;
-  }
-  close(input), close(errors);
-  EXPECT_EQ(pauses, Pauses(6, 100'000));  // for the folder
+Effect writeFile(const Words& words) {
+  const auto size = static_cast<unsigned int>(std::stoul(words.at(2)));
+  return xWriteFileThroughCache(pathOf(words[0]), words[1].c_str(), size, std::stoi(words.at(3)));
 }
 
-TEST_F(Operations, WriteIntoAnExistingFileAndSynchronise) {
-  const auto message = [](const std::string& text, int error) {
-    return "Error in " + text + ": " + strerror(error) + " (errno " + std::to_string(error) + ")\n";
+TEST_F(Operations, DoWhatTheTableSays) {
+  ASSERT_NE(std::freopen("/dev/null", "r", stdin), nullptr);  // what `cat` without names reads
+  checkEffects(
+      "operations.txt",
+      {{"xIsFileExist", exists},
+       {"xDeleteFile", [](auto& words) { return deleteFile(words.at(0), words); }},
+       {"xDeleteFile(wide)", [](auto& words) { return deleteFile(widened(words.at(0)), words); }},
+       {"xDeleteFiles", deleteFiles},
+       {"xFileCopy", copyFile},
+       {"xDirCopy", copyFolder},
+       {"xConcatBinaryFiles", joinFiles},
+       {"xWriteFileThroughCache", writeFile},
+       {"xFileSync", [](auto& words) { return xFileSync(pathOf(words.at(0))); }},
+       {"xFileSync(fd)", [](auto& words) { return xFileSync(std::stoi(words.at(0))); }}});
+}
+
+/// In a process whose files have at most four bytes.
+template <class Call>
+auto withinFourBytes(const Call& call) {
+  return [call] {
+    const Limit fourBytes(RLIMIT_FSIZE, 4);
+    return call();
   };
-  using Row = std::tuple<Text, Text, unsigned int, int, int, std::string, std::string>;
-  for (const auto& [path, data, size, offset, code, expected, printed] :
-       {Row("ten", "abcd", 4, 2, 0, "01abcd6789", ""), Row("ten", "ab", 2, 9, 0, "012345678ab", ""),
-        Row("ten", "a", 1, 12, 0, std::string("0123456789\0\0a", 13), ""),
-        Row("ten", "a", 1, -1, kOpenCode, "0123456789",
-            message("setting position to -1 in ten", 22)),
-        Row("no", "a", 1, 0, kOpenCode, "0123456789", message("opening no", ENOENT)),
-        Row(nullptr, "a", 1, 0, kOpenCode, "0123456789", message("opening ", ENOENT)),
-        Row("/dev/full", "a", UINT_MAX, 0, kWriteCode, "0123456789",
-            message("writing -1 byte data to /dev/full", ENOSPC))}) {
-    dir.write("ten", "0123456789");
-    EXPECT_EQ(outcome(xWriteFileThroughCache, path, data, size, offset), std::pair(code, printed));
-    EXPECT_EQ(left("ten"), expected) << printed;
-  }
-  dir.write("ten", "");
-  const FourByteFiles limit;
-  EXPECT_EQ(xWriteFileThroughCache("ten", "abcdef", 6, 0), 0);
-  EXPECT_EQ(left("ten"), "abcd");
-  for (Text path : {"missing", "dir", Text()}) EXPECT_EQ(xFileSync(path), kOpenCode);
-  EXPECT_TRUE(xFileSync("five5") == 0 && xFileSync("/dev/null") == -1 && xFileSync(-1) == -1);
+}
+
+TEST_F(Operations, LeaveThePartThatFits) {
+  tree("five5, file=");
+  EXPECT_EQ(effect(withinFourBytes([] { return xFileCopy("five5", "copy", true); })),
+            Effect(-1, "", "copy=five, file=, five5"));
+  EXPECT_EQ(effect(withinFourBytes([] { return xWriteFileThroughCache("file", "abcdef", 6, 0); })),
+            Effect(0, "", "copy=five, file=abcd, five5"));
+  EXPECT_EQ(effect(withinFourBytes([] { return xWriteFileThroughCache("file", "ab", 2, 4); })),
+            Effect(246, "Error in writing 2 byte data to file: File too large (errno 27)\n"));
+}
+
+TEST_F(Operations, TakeDescriptorZeroAsAnyOther) {
+  tree("file");
+  close(0);
+  EXPECT_EQ(xWriteFileThroughCache("file", "FILE", 4, 0), 0);
+  EXPECT_EQ(xFileSync("file"), 0);
+  EXPECT_EQ(open("/dev/null", O_RDONLY), 0) << "another file was left open";
+}
+
+using OperationLocale = KnownLocales;
+
+TEST_F(OperationLocale, TruncatesTheWidePathThatIsDeleted) {
+  tree("日=, 日日=");
+  const auto remove = [] { return xDeleteFile(std::wstring(L"日日日"), -1, 0); };
+  EXPECT_EQ(effect([&] { return localeAfter(remove); }), Effect("chinese", "", "日="));
 }
 
 }  // namespace

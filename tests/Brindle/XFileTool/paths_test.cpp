@@ -1,83 +1,87 @@
 // fuzz/paths_fuzz.cpp holds the same functions against plain twins.
 #include "Brindle/XFileTool/paths.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <memory>
 
 #include "Brindle/BrindleErrcode.h"
 #include "support/KnownLocales.h"
 
 namespace {
 
-/// ASCII only.
-template <class Char>
-std::basic_string<Char> as(const std::string& text) {
-  return {text.begin(), text.end()};
-}
-
-constexpr struct Row {
-  const char *path, *extension, *name, *folder, *dotExtension, *base, *uniform, *fixed;
-} kRows[] = {
-    {"", "", "", "", "", "", "", ""},
-    {"my file", "file", "my file", "", "", "my file", "my file", "my file/"},
-    {"... ", "", "... ", "", ". ", "..", "... ", "... /"},
-    {"d.d/f", "d/f", "f", "d.d/", ".d/f", "d", "d.d/f", "d.d/f/"},
-    {"C:\\x\\y.", "C:\\x\\y", "y.", "C:\\x\\", ".", "C:\\x\\y", "C:/x/y.", "C:/x/y./"},
-    {"s/n'\"\n//", "s/n'\"\n//", "n'\"\n", "s/n'", "", "s/n'\"\n//", "s/n'\"\n/", "s/n'\"\n/"},
-    {"//s//h", "//s//h", "h", "//s//", "", "//s//h", "//s/h", "//s/h/"},
-    {"\\\\s\\h", "\\\\s\\h", "h", "\\\\s\\", "", "\\\\s\\h", "/s/h", "/s/h/"},
-    {"/", "/", "", "/", "", "/", "/", "/"},
-    {"////", "////", "", "////", "", "////", "///", "///"},
-};
+using support::Row;
 
 template <class Char>
-void expectRow(const Row& row) {
-  const auto path = as<Char>(row.path), name = as<Char>(row.name), folder = as<Char>(row.folder);
-  const auto dotExtension = as<Char>(row.dotExtension);
-  using Block = std::unique_ptr<Char[], void (*)(void*)>;
-  const Block extension(xGetFileExtension(path.c_str()), std::free);
-  const Block component(xGetFileNameExtension(path.c_str()), std::free);
-  extension[1023] = component[1023] = Char{};
-  EXPECT_TRUE(extension.get() == as<Char>(row.extension) && component.get() == name);
-  EXPECT_EQ(xGetFileExtension(path, true), dotExtension);
-  EXPECT_EQ(xGetFileExtension(path, false), dotExtension.substr(dotExtension.empty() ? 0 : 1));
-  EXPECT_EQ(xDeleteExtension(path), as<Char>(row.base));
-  EXPECT_EQ(xUniformFilePath(path), as<Char>(row.uniform));
-  EXPECT_EQ(xFixFolderPath(path), as<Char>(row.fixed));
-  EXPECT_EQ(xIsPathAbsolute(path), row.path[0] == '/');
-  EXPECT_EQ(forwardSlashToBackward(as<Char>("/\\a/")), as<Char>("\\\\a\\"));
-  // Outputs of the exact size, on the heap, so that a sanitizer sees a write past the end.
-  std::vector<Char> nameOut(name.size() + 1), folderOut(folder.size() + 1);
-  EXPECT_EQ(xGetFileNameFolderPath(path.c_str(), nameOut.data(), folderOut.data()), 0);
-  EXPECT_TRUE(nameOut.data() == name && folderOut.data() == folder);
+using Texts = std::vector<std::basic_string<Char>>;
+
+template <class Char>
+Texts<Char> allAs(const Words& words) {
+  Texts<Char> texts;
+  for (const std::string& word : words) texts.emplace_back(word.begin(), word.end());
+  return texts;
 }
 
-TEST(Paths, AreTakenApartAndPutTogether) {
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.path);
-    expectRow<char>(row);
-    expectRow<wchar_t>(row);
-  }
+/// The text of a block that is handed out.
+template <class Char>
+std::basic_string<Char> taken(Char* block) {
+  block[1023] = Char{};
+  const std::basic_string<Char> text = block;
+  std::free(block);
+  return text;
 }
 
-TEST(Paths, AreSplitIntoThePartsAskedFor) {
-  const auto expectParts = [](const std::string& path, int flags, const std::string& parts) {
-    const bool folder = flags & 4, extension = flags & 2, only = flags & 1;
-    EXPECT_EQ(xGetFileNameFolderPath(path, folder, extension, only), parts) << flags << path;
-    EXPECT_EQ(xGetFileNameFolderPath(as<wchar_t>(path), folder, extension, only),
-              as<wchar_t>(parts));
+/// Expects the row's results of the narrow member and of the wide one; or what each answers.
+template <class Call>
+auto both(const Call& call) {
+  return [call](const Row& row) {
+    const auto wideArguments = allAs<wchar_t>(row.arguments);
+    const auto narrow = call(row.arguments);
+    const auto wide = call(wideArguments);
+    if constexpr (std::same_as<decltype(narrow), const bool>) {
+      EXPECT_EQ((std::vector{narrow, wide}),
+                (std::vector{flag(row.results.at(0)), flag(row.results.at(1))}));
+    } else {
+      EXPECT_EQ(Texts<char>{narrow}, row.results);
+      EXPECT_EQ(Texts<wchar_t>{wide}, allAs<wchar_t>(row.results));
+    }
   };
-  const std::string path = "/d/e.f/n.tar.gz", folder = "/d/e.f/";
-  const std::string parts[] = {"n.tar",        folder, "n.tar.gz", folder,
-                               "/d/e.f/n.tar", folder, path,       folder};
-  for (int flags = 0; flags < 8; ++flags) expectParts(path, flags, parts[flags]);
-  expectParts("r1.2/file", 4, "r1");
-  expectParts("a.b\\c\\", 0, "");
-  expectParts(std::string("a/b\0c/d", 7), 1, "a/");
-  expectParts("/" + std::string(258, 'n'), 1, "/");
-  expectParts("/" + std::string(259, 'n'), 1, "");
+}
+
+TEST(Paths, AreTakenApartAndPutTogetherAsTheTableSays) {
+  const auto split = [](auto& in) {
+    auto name = in.at(0), folder = name;
+    xGetFileNameFolderPath(in[0].c_str(), name.data(), folder.data());
+    return std::vector{decltype(name)(name.c_str()), decltype(name)(folder.c_str())};
+  };
+  const auto extensions = [](auto& in) {
+    return std::vector{xGetFileExtension(in.at(0), true), xGetFileExtension(in[0], false)};
+  };
+  const auto parts = [](auto& in) {
+    const auto isSet = [&in](std::size_t i) { return flag({in.at(i).begin(), in.at(i).end()}); };
+    return xGetFileNameFolderPath(in.at(0), isSet(1), isSet(2), isSet(3));
+  };
+  const auto matches = [](const auto& in) {
+    return xCheckFileExtension(in.at(0).c_str(), in.at(1).c_str());
+  };
+  support::checkTable(
+      "paths.txt",
+      {{"xGetFileExtension",
+        both([](auto& in) { return taken(xGetFileExtension(in[0].c_str())); })},
+       {"xGetFileExtension(string)", both(extensions)},
+       {"xGetFileNameExtension",
+        both([](auto& in) { return taken(xGetFileNameExtension(in[0].c_str())); })},
+       {"xGetFileNameFolderPath", both(split)},
+       {"xGetFileNameFolderPath(string)", both(parts)},
+       {"xCheckFileExtension", both(matches)},
+       {"xDeleteExtension", both([](auto& in) { return xDeleteExtension(in.at(0)); })},
+       {"forwardSlashToBackward", both([](auto& in) { return forwardSlashToBackward(in.at(0)); })},
+       {"xUniformFilePath", both([](auto& in) { return xUniformFilePath(in.at(0)); })},
+       {"xFixFolderPath", both([](auto& in) { return xFixFolderPath(in.at(0)); })},
+       {"xIsPathAbsolute", both([](const auto& in) { return xIsPathAbsolute(in.at(0)); })}});
+}
+
+TEST(Paths, WithoutTheirNameHaveAtMost259Characters) {
+  EXPECT_EQ(xGetFileNameFolderPath("/" + std::string(258, 'n'), false, false, true), "/");
+  EXPECT_EQ(xGetFileNameFolderPath("/" + std::string(259, 'n'), false, false, true), "");
 }
 
 TEST(Paths, AreRefusedWithCodesThatMove) {
@@ -91,47 +95,29 @@ TEST(Paths, AreRefusedWithCodesThatMove) {
   EXPECT_EQ(xGetFileNameFolderPath((longest + "/x").c_str(), nullptr, out), 0);
   EXPECT_EQ(out, longest + "/");
   EXPECT_EQ(xGetFileNameFolderPath("a/b", nullptr, nullptr), 0);
-  EXPECT_FALSE(xGetFileExtension(null) || xGetFileNameExtension(null));
-  EXPECT_FALSE(xCheckFileExtension(null, "") || xCheckFileExtension("", null));
+  EXPECT_EQ(xGetFileExtension(null), nullptr);
+  EXPECT_EQ(xGetFileNameExtension(null), nullptr);
+  EXPECT_FALSE(xCheckFileExtension(null, ""));
+  EXPECT_FALSE(xCheckFileExtension("", null));
   EXPECT_FALSE(xCheckFileExtension((longest + "n.x").c_str(), "x"));
-  xErrSetOffsetBrindle(-20000);
 }
 
-TEST(ExtensionCheck, IsOfTheExtensionWhenNarrowAndOfTheNameWhenWide) {
-  const auto expectMatch = [](const std::string& path, const char* ext, bool narrow, bool wide) {
-    EXPECT_EQ(xCheckFileExtension(path.c_str(), ext), narrow) << path << " " << ext;
-    EXPECT_EQ(xCheckFileExtension(as<wchar_t>(path).c_str(), as<wchar_t>(ext).c_str()), wide)
-        << path << " " << ext;
-  };
-  expectMatch("a.txt", ".txt", false, false);
-  expectMatch("/d/a.txt", "txt", true, false);
-  expectMatch("/d/a.txt", "a.txt", false, true);
-  expectMatch("README", "README", true, true);
-  expectMatch("a.txt", "", false, true);
-  expectMatch("/d/README", "", true, false);
-  expectMatch("", "x", false, false);
-}
+using PathLocale = KnownLocales;
 
-TEST_F(KnownLocales, StayWhereNarrowPathsAreConvertedAndCut) {
+TEST_F(PathLocale, IsSetWhereANarrowPathIsConverted) {
   EXPECT_EQ(localeAfter([] { xIsPathAbsolute(std::string()); }), "chinese");
   EXPECT_EQ(localeAfter([] { xFixFolderPath(std::string()); }), "en_US.UTF-8");
   EXPECT_EQ(localeAfter([] { xUniformFilePath(std::string()); }), "en_US.UTF-8");
-  const std::tuple<std::string, std::string, std::string> cuts[] = {
-      {"\u4e2d\u6587", "\u4e2d", "\u4e2d\u6587/"},  // room for 5 bytes, for 7 with the slash
-      {"\u4e2d\u6587\u4e2d", "\u4e2d\u6587", "\u4e2d\u6587\u4e2d"},  // for 7, for 9
-      {"\u00e4\xff/b", "\u00e4", "\u00e4/"},
-      {"\xff/tmp", "", ""},
-      {std::string("a\0b", 3), "a", "a/"},
-  };
-  for (const auto& [path, uniform, fixed] : cuts) {
-    EXPECT_EQ(xUniformFilePath(path), uniform) << path;
-    EXPECT_EQ(xFixFolderPath(path), fixed) << path;
-  }
 }
 
-TEST(WidePaths, KeepZeros) {
-  EXPECT_EQ(xUniformFilePath(std::wstring(L"a\0\\", 3)), std::wstring(L"a\0/", 3));
-  EXPECT_EQ(xFixFolderPath(std::wstring(L"a\0", 2)), std::wstring(L"a\0/", 3));
+TEST_F(PathLocale, TruncatesNarrowPathsAsTheTableSays) {
+  const auto uniform = [](auto& row) {
+    EXPECT_EQ(xUniformFilePath(row.arguments.at(0)), row.results.at(0));
+  };
+  const auto fixed = [](auto& row) {
+    EXPECT_EQ(xFixFolderPath(row.arguments.at(0)), row.results.at(0));
+  };
+  support::checkTable("paths-utf8.txt", {{"xUniformFilePath", uniform}, {"xFixFolderPath", fixed}});
 }
 
 }  // namespace

@@ -5,10 +5,9 @@
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 
 #include "Brindle/XFileTool/paths.h"
-#include "support/Outcome.h"
+#include "support/InScratchDir.h"
 
 std::string executable;  // what the system tells instead of the truth, if not empty
 
@@ -23,38 +22,46 @@ extern "C" ssize_t readlink(const char* path, char* buffer, std::size_t size) no
 
 namespace {
 
-TEST(Process, KnowsWhereItsExecutableIs) {
-  const std::filesystem::path self = std::filesystem::canonical("/proc/self/exe");
-  EXPECT_EQ(xGetCurrentAppPath(), self);
-  EXPECT_EQ(xGetCurrentAppDir(), xFixFolderPath(self.parent_path().string()));
+using Process = InScratchDir;
 
+TEST_F(Process, KnowsWhereItsExecutableIs) {
+  const fs::path self = fs::canonical("/proc/self/exe");
+  EXPECT_EQ(effect(xGetCurrentAppPath), Effect(self.string()));
+  EXPECT_EQ(effect(xGetCurrentAppDir), Effect(xFixFolderPath(self.parent_path().string())));
+}
+
+TEST_F(Process, TruncatesThePathOfItsExecutable) {
   const std::string p1020(1020, 'p'), p4093(4093, 'p');
-  const std::string message = std::string("Fail to readlink: ") + strerror(EACCES) + "\n";
-  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
-      {"/prog", "/prog", "", ""},
-      {"refused", "", "", message},
-      {"/a\\b  c//d", "/a\\b  c//d", "/a/b  c/", ""},
-      {"/d/" + p1020, "/d/" + p1020, "/d/", ""},
-      {"/d/" + p1020 + "/x", "/d/" + p1020, "/d/" + p1020 + "/", ""},
-      {"/" + p4093 + "/x", "/" + p1020 + "pp", "/" + p4093 + "/", ""},
-      {"/p" + p4093 + "/x", "/" + p1020 + "pp", "", ""},
+  const struct {
+    std::string told;
+    Effect path;
+    Effect folder;
+  } cases[] = {
+      {"/prog", "/prog", ""},
+      {"refused", {"", "Fail to readlink: Permission denied\n"}, ""},
+      {"/a\\b  c//d", "/a\\b  c//d", "/a/b  c/"},
+      {"/d/" + p1020, "/d/" + p1020, "/d/"},
+      {"/d/" + p1020 + "/x", "/d/" + p1020, "/d/" + p1020 + "/"},
+      {"/" + p4093 + "/x", "/" + p1020 + "pp", "/" + p4093 + "/"},
+      {"/p" + p4093 + "/x", "/" + p1020 + "pp", ""},
   };
-  for (const auto& [told, path, folder, printed] : cases) {
+  for (const auto& [told, path, folder] : cases) {
     executable = told;
-    EXPECT_EQ(outcome(xGetCurrentAppPath), std::pair(path, printed)) << told;
-    EXPECT_EQ(outcome(xGetCurrentAppDir), std::pair(folder, std::string())) << told;
+    EXPECT_EQ(effect(xGetCurrentAppPath), path) << told;
+    EXPECT_EQ(effect(xGetCurrentAppDir), folder) << told;
   }
   executable.clear();
 }
 
-TEST(Process, SplitsEnvironmentVariables) {
-  const std::pair<const char*, std::vector<std::string>> cases[] = {
+TEST_F(Process, SplitsEnvironmentVariables) {
+  const std::pair<const char*, Words> cases[] = {
       {"", {""}}, {":", {"", ""}}, {"/bin", {"/bin"}}, {"a::b :", {"a", "", "b ", ""}}};
   for (const auto& [value, elements] : cases) {
     setenv("BRINDLE_TEST", value, 1);
     EXPECT_EQ(xGetEnvVariable("BRINDLE_TEST"), elements) << value;
   }
-  EXPECT_TRUE(xGetEnvVariable("BRINDLE_TEST=").empty() && xGetEnvVariable(nullptr).empty());
+  EXPECT_EQ(xGetEnvVariable("BRINDLE_TEST="), Words());
+  EXPECT_EQ(xGetEnvVariable(nullptr), Words());
 }
 
 }  // namespace

@@ -1,31 +1,36 @@
 #include "Brindle/utility/console.h"
 
+#include <unistd.h>
+
+#include <algorithm>
+
 #include "support/Outcome.h"
+#include "support/Table.h"
 
 namespace {
 
-// One test: the length of the last line lives as long as the process.
-TEST(ProgressBar, IsDrawnOverTheLastOne) {
-  const auto back = [](std::size_t count) { return std::string(count, '\b'); };
-  const std::tuple<int, const char*, bool, int, int, std::string> lines[] = {
-      // clang-format off
-      { 50, "abc",   true,  10,  50, "|====>     | [ 50%] abc"},
-      { -5, nullptr, true,  10,   0, back(23) + "|          | [  0%]    " + back(4)},
-      {150, nullptr, true,  10, 100, back(19) + "|==========| [100%]"},
-      {  9, "",      false, 10,   9, "|          | [  9%] "},
-      { 10, nullptr, false, 10,  10, "|>         | [ 10%] \b"},
-      {100, nullptr, true,   0, 100, back(19) + "|| [100%]          " + back(10)},
-      { 50, nullptr, true,  -4,  50, back(9) + "|| [ 50%]    " + back(4)},
-      {  1, nullptr, true,   1,   1, back(5) + "| | [  1%]"},
-      {  0, nullptr, false, -2147483647, 0, "|| [  0%]"},  // its length is below any later one's
-      {  0, nullptr, false, 20,   0, "|                    | [  0%]"},
-      // clang-format on
+TEST(ProgressBarDeathTest, HasNothingToDrawOverAtFirstAndIsFlushed) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // which runs the statement in a new process
+  const auto drawInto = [](int stream) {
+    std::fflush(stdout);
+    dup2(stream, STDOUT_FILENO);
+    _exit(displayConsoleProgressBar(50, nullptr, true, 10));
   };
-  for (const auto& [percent, text, overwrite, width, drawn, printed] : lines) {
-    EXPECT_EQ(
-        outcome(displayConsoleProgressBar, percent, const_cast<char*>(text), overwrite, width),
-        std::pair(drawn, printed));
-  }
+  EXPECT_EXIT(drawInto(STDERR_FILENO), testing::ExitedWithCode(50),
+              "^\\|====>     \\| \\[ 50%\\]$");
+}
+
+TEST(ProgressBar, IsDrawnOverTheLastOne) {
+  const auto draws = [](const support::Row& row) {
+    std::string text = row.arguments.at(1);
+    const int percent = std::stoi(row.arguments.at(0)), width = std::stoi(row.arguments.at(3));
+    const bool overwrites = row.arguments.at(2) == "over";
+    auto drawn = outcome(displayConsoleProgressBar, percent, text == "-" ? nullptr : text.data(),
+                         overwrites, width);
+    std::replace(drawn.printed.begin(), drawn.printed.end(), '\b', '<');
+    EXPECT_SAME(drawn, Outcome(std::stoi(row.results.at(0)), row.results.at(1)));
+  };
+  support::checkTable("console.txt", {{"displayConsoleProgressBar", draws}});
 }
 
 }  // namespace

@@ -1,25 +1,22 @@
 #include "Brindle/utility/sorting.h"
 
-#include <gtest/gtest.h>
 #include <pthread.h>
+#include <setjmp.h>
 #include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <climits>
-#include <cmath>
 #include <csignal>
-#include <cstring>
 #include <numeric>
 #include <random>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "reference/PlainNumerics.h"
+#include "support/Call.h"
+#include "support/Outcome.h"
 
 namespace {
+
+using support::Row;
+using Byte = unsigned char;
 
 enum Kind { kAscending, kAscendingPairs, kDescending, kDescendingPairs, kRaisedEnd, kKinds = 14 };
 
@@ -57,10 +54,8 @@ TEST(QuickSort, LeavesWhatPlainPartitioningLeaves) {
         Pairs sorted(kind, n), expected = sorted;
         q_sort(sorted.values.data(), sorted.index.data(), left, n - 1 - left);
         plainQuickSort(expected.values.data(), expected.index.data(), left, n - 1 - left);
-        const std::size_t bytes = sorted.values.size() * sizeof(double);
-        EXPECT_EQ(std::memcmp(sorted.values.data(), expected.values.data(), bytes), 0) << kind;
-        EXPECT_TRUE(sorted.index == expected.index)
-            << "kind " << kind << ", " << n << " from " << left;
+        EXPECT_SAME(sorted.values, expected.values) << "kind " << kind << " from " << left;
+        EXPECT_SAME(sorted.index, expected.index) << "kind " << kind << " from " << left;
       }
     }
   }
@@ -81,112 +76,72 @@ TEST(QuickSort, NeedsLittleTimeForSortedInputAndLittleStackForAny) {
     pthread_t thread;
     ASSERT_EQ(pthread_create(&thread, &smallStack, sort, &pairs), 0);
     pthread_join(thread, nullptr);
-    EXPECT_TRUE(std::is_sorted(pairs.values.begin(), pairs.values.end())) << kind;
+    const auto unsorted = std::is_sorted_until(pairs.values.begin(), pairs.values.end());
+    EXPECT_EQ(unsorted - pairs.values.begin(), std::ssize(pairs.values)) << "kind " << kind;
   }
   pthread_attr_destroy(&smallStack);
 }
 
-template <class Sort, class T>
-std::string printedBy(Sort sort, std::vector<T>& values) {
+template <auto sort, class T>
+std::string printedBy(std::vector<T>& values) {
   testing::internal::CaptureStdout();
   sort(values.data(), static_cast<int>(values.size()));
   return testing::internal::GetCapturedStdout();
 }
 
 TEST(RadixSort, PrintsEachPassAndStopsWhenADigitIsShared) {
-  const std::pair<std::vector<int>, const char*> cases[] = {
-      {{170, 45, 802, 24}, "170 802 24 45 \n802 24 45 170 \n24 45 170 802 \n24 45 170 802 \n"},
-      {{25, 15}, "25 15 \n"},
-      {{11, 5, -3, -20}, "-3 -20 11 5 \n-20 -3 5 11 \n-20 -3 5 11 \n"},
-      {{10, -20}, "10 -20 \n"},
-      {{}, "Radix sort: input array size <= 0!\n"},
-  };
-  for (auto [values, printed] : cases) EXPECT_EQ(printedBy(radixSort, values), printed);
-  std::vector<int> extremes{INT_MAX, -9, INT_MIN, 9, -99};
-  printedBy(radixSort, extremes);
-  EXPECT_EQ(extremes, (std::vector<int>{INT_MIN, -99, -9, 9, INT_MAX}));
-  std::vector<unsigned char> noBytes;
-  EXPECT_EQ(printedBy(radixSortUChar, noBytes), cases[4].second);
+  support::checkTable("radix-sort.txt",
+                      {{"radixSort", support::calls(printedBy<radixSort, int>)},
+                       {"radixSortUChar", support::calls(printedBy<radixSortUChar, Byte>)}});
 }
 
-TEST(RadixSort, LeavesWhatListsLeave) {
+TEST(RadixSort, LeavesBytesAsListsDo) {
   std::mt19937 engine(5);
   for (int round = 0; round < 400; ++round) {
-    std::vector<int> values(1 + engine() % 20);
-    std::vector<unsigned char> bytes(1 + engine() % (round % 2 == 0 ? 4 : 300));
-    // In some rounds all of them share their ones or their tens.
-    const int range = round % 3 == 0 ? INT_MAX : 3 + round, unit = round % 4 == 0 ? 10 : 1;
-    for (int& x : values) x = static_cast<int>(engine() >> 1) % range / unit * unit;
-    for (auto& x : bytes) {
+    std::vector<Byte> bytes(1 + engine() % (round % 2 == 0 ? 4 : 300));
+    for (Byte& byte : bytes) {  // in some rounds all of them share their ones or their tens
       const auto random = engine();
-      const auto byRound = {random, random % 26 * 10, random / 9 % 3 * 100 + 40 + random % 10};
-      x = static_cast<unsigned char>(byRound.begin()[round % 3]);
+      const auto ofKind = {random, random % 26 * 10, random / 9 % 3 * 100 + 40 + random % 10};
+      byte = static_cast<Byte>(ofKind.begin()[round % 3]);
     }
-    std::vector<int> expected = values;
-    std::vector<unsigned char> expectedBytes = bytes;
-    std::string trace;
-    plainRadixSort(expected, 10, [&] {
-      for (const int x : expected) trace += std::to_string(x) + " ";
-      trace += "\n";
-    });
-    plainRadixSort(expectedBytes, 3, [] {});
-    EXPECT_EQ(printedBy(radixSort, values) + printedBy(radixSortUChar, bytes), trace);
-    EXPECT_TRUE(values == expected && bytes == expectedBytes) << round;
+    std::vector<Byte> expected = bytes;
+    plainRadixSort(expected, 3);
+    EXPECT_SAME(printedBy<radixSortUChar>(bytes), std::string());
+    EXPECT_SAME(bytes, expected) << "round " << round;
   }
 }
 
-/// Whether a search that finds nothing is still at it after 10 ms of processor time.
-template <class Search>
-bool isEndless(Search search) {
-  const pid_t child = fork();
-  if (child == 0) {
-    const itimerval limit{{0, 0}, {0, 10'000}};
-    std::signal(SIGPROF, SIG_DFL);
-    setitimer(ITIMER_PROF, &limit, nullptr);
-    search();
-    _exit(0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFSIGNALED(status) && WTERMSIG(status) == SIGPROF;
+sigjmp_buf afterEndless;
+
+void interruptAfter(int microseconds) {
+  const itimerval limit{{0, 0}, {0, microseconds}};
+  setitimer(ITIMER_PROF, &limit, nullptr);
 }
 
-/// Searches in 2, 4, 6 ... 2n for everything from 1 to 2n + 1.
+/// Where a value is found, "none", or "endless" after 10 ms of processor time.
 template <class T>
-void searchEverywhere() {
-  std::vector<T> values;
-  for (unsigned long n = 1, found = 99; n <= 9; ++n) {
-    values.push_back(static_cast<T>(2 * n));
-    for (unsigned long probe = 0; probe <= n + 1; ++probe) {
-      const bool startsAtLast = (probe < n ? probe : n / 2) == n - 1;
-      for (unsigned long number = 1; number <= 2 * n + 1; ++number, found = 99) {
-        const T value = static_cast<T>(number);
-        const auto find = [&] {
-          return findNumberFromArray(values.data(), n, value, found, probe);
-        };
-        const bool isPresent = number % 2 == 0;
-        if (number < 2 * n ? isPresent || number == 1 : startsAtLast) {
-          EXPECT_EQ(find(), isPresent) << number << " of " << n << " from " << probe;
-          EXPECT_EQ(found, isPresent ? number / 2 - 1 : 99);
-        } else if (n == 4 && probe % 3 == 0) {
-          EXPECT_TRUE(isEndless(find)) << number << " of " << n << " from " << probe;
-        }
-      }
-    }
-  }
+std::string placeOf(T value, unsigned long firstProbe, std::vector<T> values) {
+  const std::size_t n = values.size();
+  values.push_back(value);  // for a search that goes too far
+  unsigned long found = 99;
+  std::signal(SIGPROF, [](int) { siglongjmp(afterEndless, 1); });
+  if (sigsetjmp(afterEndless, 1) != 0) return "endless";
+  interruptAfter(10'000);
+  const bool isFound = findNumberFromArray(values.data(), n, value, found, firstProbe);
+  interruptAfter(0);  // never
+  return isFound || found != 99 ? std::to_string(found) : "none";
+}
+
+template <class... T>
+void searchesFor(const Row& row) {
+  for (const auto& check : {support::calls(placeOf<T>)...}) check(row);
 }
 
 TEST(Search, ReturnsOrNotAsItsBoundsAllow) {
-  []<class... T>(T...) { (searchEverywhere<T>(), ...); }(1, 1U, 1L, 1UL, 1.0F, 1.0);
-  unsigned long found = 99;
-  int order[] = {-1, 1, 2};
-  double almost[] = {0.3, 0.4};
-  EXPECT_TRUE(findNumberFromArray(order, 3, -1, found, 1));
-  EXPECT_FALSE(findNumberFromArray(almost, 1, 0.30000000000000004, found, 0));
-  EXPECT_FALSE(findNumberFromArray(almost, 0, 0.3, found, 0));
-  EXPECT_FALSE(findNumberFromArray<double>(almost, 1, NAN, found, 0));
-  EXPECT_FALSE(isEndless([] {}));
-  EXPECT_TRUE(isEndless([&] { findNumberFromArray<double>(almost, 2, NAN, found, 0); }));
+  support::checkTable(
+      "search.txt",
+      {{"findNumberFromArray", searchesFor<int, unsigned int, long, unsigned long, float, double>},
+       {"findNumberFromArray(double)", searchesFor<double>}});
 }
 
 }  // namespace

@@ -1,41 +1,51 @@
 #include "Brindle/utility/stringConversion.h"
 
-#include <cwchar>
+#include <clocale>
 
 #include "support/Outcome.h"
 
 namespace {
 
-using namespace std::string_literals;
-
 constexpr char kUtf8[] = "C.UTF-8";
 
-TEST(BufferConversion, CountsOrReportsWhatCannotBeConverted) {
+struct BufferConversion : testing::Test {
+  BufferConversion() { std::setlocale(LC_ALL, "C"); }
+  ~BufferConversion() override { EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), kUtf8); }
+};
+
+/// What a buffer of 12 holds after a conversion wrote to its start: G where it did not.
+template <class Character>
+std::basic_string<Character> afterwards(std::basic_string<Character> start) {
+  start.resize(12, Character{'G'});
+  return start;
+}
+
+TEST_F(BufferConversion, ToWideCountsOrReportsWhatCannotBeConverted) {
   const std::string message =
       "Error: some characters cannot be converted into wchat_t (inside charStr2wcharStr(...))!\n";
   const std::tuple<const char*, int, std::wstring, std::string> cases[] = {
-      {"é漢", 2, L"é漢", ""}, {"", 0, L"", ""}, {"a\xFF", -1, L"a", message}};
+      {"é漢", 2, {L"é漢", 3}, ""},
+      {"", 0, {L"", 1}, ""},
+      {"a\xFF", -1, L"a", message},
+      {nullptr, -1, L"", message}};
   for (const auto& [source, count, expected, printed] : cases) {
-    wchar_t wide[16] = {};
-    EXPECT_EQ(outcome(charStr2wcharStr, source, &wide[0], kUtf8), std::pair(count, printed));
-    EXPECT_EQ(wide, expected);
+    std::wstring wide = afterwards<wchar_t>(L"");
+    EXPECT_SAME(outcome(charStr2wcharStr, source, wide.data(), kUtf8), Outcome(count, printed));
+    EXPECT_SAME(wide, afterwards(expected));
   }
 }
 
-TEST(BufferConversion, ToNarrowStaysInItsRoomAndTerminatesWhatIsShort) {
+TEST_F(BufferConversion, ToNarrowStaysInItsRoomWhichAFullResultLeavesUnterminated) {
   const std::string message =
       "Error: some characters cannot be converted into char (inside wcharStr2charStr(...))!\n";
-  const std::tuple<std::wstring, int, std::string, std::string> cases[] = {
-      {L"ab", 2, "ab\0GGGGG"s, ""},
-      {L"漢字", 3, "漢GGGGG", ""},
-      {L"é漢", 5, "é漢GGG", ""},
-      {L"漢", 3, "漢GGGGG", ""},
-      {L"a\xD800", -1, "aGGGGGGG", message}};
+  const std::tuple<const wchar_t*, int, std::string, std::string> cases[] = {
+      {L"ab", 2, {"ab", 3}, ""},     {L"漢", 3, "漢", ""},       {L"漢字", 3, "漢", ""},
+      {L"漢ab", 5, {"漢ab", 6}, ""}, {L"漢a漢", 7, "漢a漢", ""}, {L"a\xD800", -1, "a", message},
+      {nullptr, -1, "", message}};
   for (const auto& [source, count, expected, printed] : cases) {
-    std::string narrow(8, 'G');
-    EXPECT_EQ(outcome(wcharStr2charStr, source.c_str(), narrow.data(), kUtf8),
-              std::pair(count, printed));
-    EXPECT_EQ(narrow, expected);
+    std::string narrow = afterwards<char>("");
+    EXPECT_SAME(outcome(wcharStr2charStr, source, narrow.data(), kUtf8), Outcome(count, printed));
+    EXPECT_SAME(narrow, afterwards(expected));
   }
 }
 

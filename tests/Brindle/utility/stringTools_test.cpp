@@ -1,49 +1,30 @@
 #include "Brindle/utility/stringTools.h"
 
-#include <gtest/gtest.h>
+#include "support/Table.h"
 
 namespace {
 
-TEST(ReplaceSubString, GoesFromLeftToRightOnce) {
-  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
-      {"aXbXc", "X", "XX", "aXXbXXc"},
-      {"aaaa", "aa", "a", "aa"},
-      {"aaa", "aa", "b", "ba"},
-      {"abc", "", "x", "abc"},
-      {"", "a", "b", ""},
-      {"abc", "abc", "", ""},
-      {"abc", "abcd", "x", "abc"},
-      {"aXbb", "Xb", "Xbb", "aXbbb"},
-  };
-  for (const auto& [source, pattern, replacement, result] : cases) {
-    std::string text = source;
-    replaceSubString(text, pattern, replacement);
-    EXPECT_EQ(text, result) << source << ", " << pattern;
-  }
-}
+using support::Row;
 
-TEST(StringTokenizer, KeepsNoEmptyPieces) {
-  const std::tuple<std::string, const char*, std::vector<std::string>> cases[] = {
-      {"a,,b,", ",", {"a", "b"}}, {",;a;b", ",;", {"a", "b"}},
-      {"a", ",", {"a"}},          {"", ",", {""}},
-      {",,,", ",", {}},           {"/", "/", {}},
-      {"", nullptr, {""}},        {"a,b", nullptr, {"a,b"}},
-      {"a,b", "", {"a,b"}},       {",a", ",", {"a"}},
-      {"ab,c", ",", {"ab", "c"}},
+TEST(StringTools, GiveTheStringsOfTheTable) {
+  const auto replaces = [](const Row& row) {
+    std::string text = row.arguments.at(0);
+    replaceSubString(text, row.arguments.at(1), row.arguments.at(2));
+    EXPECT_SAME(text, row.results.at(0));
   };
-  for (const auto& [text, delimiters, tokens] : cases) {
-    EXPECT_EQ(stringTokenizer(text, delimiters), tokens) << text;
-  }
-}
+  const auto splits = [](const Row& row) {
+    const std::string& delimiters = row.arguments.at(1);
+    EXPECT_SAME(
+        stringTokenizer(row.arguments.at(0), delimiters == "null" ? nullptr : delimiters.c_str()),
+        row.results);
+  };
+  const auto takesLast = [](const Row& row) {
+    EXPECT_SAME(getPathLastName(row.arguments.at(0)), row.results.at(0));
+  };
+  support::checkTable("string-tools.txt", {{"replaceSubString", replaces},
+                                           {"stringTokenizer", splits},
 
-TEST(GetPathLastName, TakesBothKindsOfSlash) {
-  const std::pair<const char*, const char*> cases[] = {{"dir/sub/file.txt", "file.txt"},
-                                                       {"dir\\sub\\file.txt", "file.txt"},
-                                                       {"dir/sub/", "sub"},
-                                                       {"/", ""},
-                                                       {"", ""},
-                                                       {"file", "file"}};
-  for (const auto& [path, name] : cases) EXPECT_EQ(getPathLastName(path), name) << path;
+                                           {"getPathLastName", takesLast}});
 }
 
 }  // namespace

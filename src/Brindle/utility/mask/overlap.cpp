@@ -103,7 +103,7 @@ template <class Word>
 using Vector16 [[gnu::vector_size(16)]] = std::uint64_t;
 using Vector32 [[gnu::vector_size(32)]] = std::uint64_t;
 
-/// 5.3 us for 1001 rows of 125 bytes, against 9.5 us by whole words alone.
+/// 5.3 us for 1001 rows of 125 bytes, against 8 us by whole words alone.
 bool wordsMeetPlain(const RowPairs& pairs) {
   return pairs.bytes > 16 ? wordsMeet<Vector16>(pairs) : wordsMeet<std::uint64_t>(pairs);
 }

@@ -1,0 +1,39 @@
+// A packed file, which several threads read block by block. Used by VorquellSearch.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+
+#include "search/files.h"
+
+namespace vorquell::search {
+
+class PackedFile {
+ public:
+  PackedFile(const char* name, std::uint64_t blockBytes) : name_(name), blockBytes_(blockBytes) {}
+
+  /// Reads the next block and where in the file it begins; false after the last one. Named files
+  /// are read by all threads at once, pipes and standard input by one after the other.
+  bool readBlock(Buffer& buffer, std::uint64_t* begin);
+
+  /// After the last block: how many bytes were read, and what ended that, 0 for the file's end.
+  std::uint64_t size() const { return size_; }
+  int error() const { return error_; }
+
+ private:
+  void open();
+  void note(std::uint64_t begin, std::uint64_t size, int error);
+
+  const char* const name_;
+  const std::uint64_t blockBytes_;
+  std::mutex mutex_;                  // guards what follows
+  std::shared_ptr<const File> file_;  // for as long as there is something to read
+  bool isOpened_ = false;
+  bool isSeekable_ = false;
+  std::uint64_t next_ = 0;
+  std::uint64_t size_ = 0;
+  int error_ = 0;
+};
+
+}  // namespace vorquell::search

@@ -1,0 +1,93 @@
+#include "search/progress.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+
+#include "search/files.h"
+
+namespace vorquell::search {
+
+namespace {
+
+constexpr std::size_t kBarWidth = 20;
+constexpr char kEraseLine[] = "\r\033[K";
+
+/// Hours, minutes and seconds.
+std::string durationText(double seconds) {
+  const auto whole = static_cast<unsigned long long>(std::min(seconds, 1e9) + 0.5);
+  char text[32];
+  std::snprintf(text, sizeof text, "%llu:%02llu:%02llu", whole / 3600, whole / 60 % 60, whole % 60);
+  return text;
+}
+
+}  // namespace
+
+Progress::Progress(ProgressWhen when)
+    : isTerminal_(when != ProgressWhen::kNever && isatty(STDERR_FILENO) == 1),
+      isAlways_(when == ProgressWhen::kAlways),
+      isShown_(isAlways_ || isTerminal_) {}
+
+Progress::~Progress() {
+  end();
+}
+
+void Progress::begin() {
+  begin_ = std::chrono::steady_clock::now();
+  if (!isShown_) return;
+  try {
+    printer_ = std::thread([this] { printEverySecond(); });
+  } catch (const std::exception&) {  // then there is no line
+  }
+}
+
+void Progress::end() {
+  if (!printer_.joinable()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    hasEnded_ = true;
+  }
+  ended_.notify_one();
+  printer_.join();
+  if (isAlways_) print();
+  if (!isTerminal_) return;
+  if (isAlways_) {
+    writeAll(STDERR_FILENO, "\n");
+  } else if (isLineShown_) {
+    writeAll(STDERR_FILENO, kEraseLine);
+  }
+}
+
+void Progress::printEverySecond() {
+  std::unique_lock lock(mutex_);
+  while (!ended_.wait_for(lock, std::chrono::seconds(1), [this] { return hasEnded_; })) print();
+}
+
+void Progress::print() {
+  isLineShown_ = true;
+  writeAll(STDERR_FILENO, isTerminal_ ? kEraseLine + line() : line() + '\n');
+}
+
+std::string Progress::line() const {
+  const auto done = static_cast<double>(done_.load(std::memory_order_relaxed));
+  const auto expected = static_cast<double>(expected_);
+  const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin_;
+  const double rate = done / std::max(elapsed.count(), 1e-9);
+  char text[160];
+  if (!isExpectedKnown_) {
+    std::snprintf(text, sizeof text, "%.0f compared, %.3g/s, time left unknown", done, rate);
+    return text;
+  }
+  const double share = expected > 0 ? std::min(done / expected, 1.0) : 1.0;
+  const auto filled = static_cast<std::size_t>(share * kBarWidth);
+  const std::string bar = std::string(filled, '#') + std::string(kBarWidth - filled, '.');
+  const double left = rate > 0 ? std::max(expected - done, 0.0) / rate : 0.0;
+  std::snprintf(text, sizeof text, "[%s] %3.0f %%  %.0f of %.0f, %.3g/s, %s left", bar.c_str(),
+                100 * share, done, expected, rate,
+                rate > 0 || share == 1.0 ? durationText(left).c_str() : "?");
+  return text;
+}
+
+}  // namespace vorquell::search

@@ -1,0 +1,51 @@
+// How far VorquellSearch is, on standard error.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "search/options.h"
+
+namespace vorquell::search {
+
+/// Prints a line once a second: on a terminal in place, elsewhere one after the other. What is only
+/// for a terminal is erased at the end.
+class Progress {
+ public:
+  explicit Progress(ProgressWhen when);
+  ~Progress();
+
+  /// So many features more will be compared; or nobody knows how many.
+  void expect(std::uint64_t features) { expected_ += features; }
+  void expectUnknown() { isExpectedKnown_ = false; }
+
+  void begin();
+  void add(std::uint64_t features) { done_.fetch_add(features, std::memory_order_relaxed); }
+  void end();
+
+ private:
+  void printEverySecond();
+  void print();
+  std::string line() const;
+
+  const bool isTerminal_;
+  const bool isAlways_;
+  const bool isShown_;
+  std::uint64_t expected_ = 0;
+  bool isExpectedKnown_ = true;
+  std::atomic<std::uint64_t> done_ = 0;
+  std::chrono::steady_clock::time_point begin_;
+
+  std::thread printer_;
+  std::mutex mutex_;
+  std::condition_variable ended_;
+  bool hasEnded_ = false;
+  bool isLineShown_ = false;
+};
+
+}  // namespace vorquell::search
