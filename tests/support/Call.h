@@ -69,7 +69,8 @@ class Argument {
     held_ = held(word == "?" ? (kIsContainer ? "()" : after) : word.substr(word[0] == '>'));
     if (word == "?" && !kIsContainer) std::fill(held_.begin(), held_.end(), kGuard);
     isNull_ = word == "null";
-    rows_.resize(2 + std::count(after.begin(), after.end(), ';'));
+    rows_.resize(2 + static_cast<std::size_t>(std::count(after.begin(), after.end(), ';')));
+    place_ = argument;
   }
 
   P passed() {
@@ -88,7 +89,10 @@ class Argument {
     }
   }
 
-  void check(const Row& row) const { EXPECT_SAME(held_, expected_) << row.function; }
+  void check() const {
+    const Held& afterwards = held_;
+    EXPECT_SAME(afterwards, expected_) << "in argument " << place_;
+  }
 
  private:
   static Held held(const std::string& word) {
@@ -105,6 +109,7 @@ class Argument {
   Held held_;
   Held expected_;
   bool isNull_ = false;
+  std::size_t place_ = 0;
   std::vector<T*> rows_;  // and null after them
 };
 
@@ -120,11 +125,12 @@ std::function<void(const Row&)> calls(Result (*function)(Parameters...)) {
     }
     const auto call = [function](auto&... each) { return function(each.passed()...); };
     if constexpr (kReturns) {
-      EXPECT_SAME(std::apply(call, arguments), parsed<Result>(row.results[0]));
+      const Result returned = std::apply(call, arguments);
+      EXPECT_SAME(returned, parsed<Result>(row.results[0]));
     } else {
       std::apply(call, arguments);
     }
-    std::apply([&row](const auto&... each) { (each.check(row), ...); }, arguments);
+    std::apply([](const auto&... each) { (each.check(), ...); }, arguments);
   };
 }
 
