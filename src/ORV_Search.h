@@ -28,6 +28,10 @@
 
 #include <stdint.h>
 
+/** @defgroup search The search
+ * @{
+ */
+
 /** Marks what the shared library exports. */
 #ifndef ORV_API
 #define ORV_API __attribute__((visibility("default")))
@@ -123,3 +127,5 @@ ORV_API int ORV_Nearest(const char* targets, uint64_t targetCount, const char* f
 #ifdef __cplusplus
 }
 #endif
+
+/** @} */

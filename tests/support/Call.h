@@ -69,7 +69,7 @@ class Argument {
     held_ = held(word == "?" ? (kIsContainer ? "()" : after) : word.substr(word[0] == '>'));
     if (word == "?" && !kIsContainer) std::fill(held_.begin(), held_.end(), kGuard);
     isNull_ = word == "null";
-    rows_.resize(1 + std::count(after.begin(), after.end(), ';'));
+    rows_.resize(2 + std::count(after.begin(), after.end(), ';'));
   }
 
   P passed() {
@@ -78,8 +78,8 @@ class Argument {
     } else if constexpr (kIsContainer) {
       return held_;
     } else if constexpr (std::is_same_v<P, T**>) {
-      const std::size_t columns = (held_.size() - 2) / rows_.size();
-      for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = held_.data() + 1 + i * columns;
+      const std::size_t rows = rows_.size() - 1, columns = (held_.size() - 2) / rows;
+      for (std::size_t i = 0; i < rows; ++i) rows_[i] = held_.data() + 1 + i * columns;
       return rows_.data();
     } else if constexpr (std::is_pointer_v<P>) {
       return isNull_ ? nullptr : reinterpret_cast<P>(held_.data() + 1);
@@ -105,7 +105,7 @@ class Argument {
   Held held_;
   Held expected_;
   bool isNull_ = false;
-  std::vector<T*> rows_;
+  std::vector<T*> rows_;  // and null after them
 };
 
 /// A check that calls the function with a row's arguments.
