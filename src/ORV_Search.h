@@ -32,8 +32,8 @@
  * @{
  */
 
-/** Marks what the shared library exports. */
 #ifndef ORV_API
+/** Marks what the shared library exports. */
 #define ORV_API __attribute__((visibility("default")))
 #endif
 

@@ -12,6 +12,20 @@ target=$examples/data/target.bin query=$examples/data/query.bin v7=$examples/dat
 for sample in target query query_v7; do
   cmp "$scratch/$sample.bin" "$examples/data/$sample.bin" || fail "the generator's $sample.bin"
 done
+# The script of the manual page, on a far, a near and a truncated query.
+documented=$(sed -n '/^case/,/^esac/p' "$examples/../docs/Vorquell.1")
+outcome() { (cd "$scratch" && PATH=$build:$PATH sh -c "$documented" 2>&1) || true; }
+expect "the manual's script: far" "$(outcome)" "far"
+cp "$target" "$scratch/query.bin"
+expect "the manual's script: near" "$(outcome)" "near"
+head -c 300 "$v7" > "$scratch/query.bin"
+expect "the manual's script: truncated" "$(outcome)" "not compared"
+
+# What the comments say that each family prints.
+mkdir "$scratch/families"
+expect "families" "$(cd "$scratch/families" && "$build/families" | sed 's/ *$//')" \
+  "$(sed -n 's|.*printf(.*;  *// ||p' "$examples/families.cpp")"
+
 "$build/make_bitstream" wrap "$scratch/wrapped.bin" "$query" /dev/null "$target"
 expect "wrapped features" "$("$build/Vorquell" "$target" "$scratch/wrapped.bin")" \
   "main: Return distance = 0.000000"
