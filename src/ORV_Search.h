@@ -107,7 +107,7 @@ ORV_API int ORV_Distances(const char* targets, uint64_t targetCount, const char*
 /** Finds the `k` closest features of each target.
  *
  * Besides the caller's memory it takes 16 bytes for each thread, each of the `k` and each of up to
- * 32 targets; never more for more features.
+ * 128 targets; never more for more features.
  * @param targets  `targetCount` features of `length` bytes
  * @param targetCount  number of targets
  * @param features  `featureCount` features of `length` bytes

@@ -53,8 +53,8 @@ expect "find_package, C" \
 # pkg-config
 export PKG_CONFIG_PATH="$lib/pkgconfig"
 # shellcheck disable=SC2046  # pkg-config prints words
-"$cc" "$source/examples/compare.c" $(pkg-config --cflags --libs ORV_CompareFeatures) \
-  -o "$scratch/by_pkg_config"
+"$cc" "$source/examples/compare.c" -o "$scratch/by_pkg_config" \
+  $(pkg-config --cflags --libs ORV_CompareFeatures ORV_Search)
 expect "pkg-config, shared" \
   "$(LD_LIBRARY_PATH=$lib "$scratch/by_pkg_config" "$samples/target.bin" "$samples/query.bin")" \
   "version 1.0.0.0:20180102: 0.125000"

@@ -1,9 +1,8 @@
 #include "Brindle/utility/sorting.h"
 
 #include <pthread.h>
+#include <setjmp.h>
 #include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <climits>
 #include <csignal>
@@ -112,31 +111,26 @@ TEST(RadixSort, LeavesBytesAsListsDo) {
   }
 }
 
-/// Whether a search that finds nothing is still at it after 10 ms of processor time.
-template <class Search>
-bool isEndless(const Search& search) {
-  const pid_t child = fork();
-  if (child == 0) {
-    const itimerval limit{{0, 0}, {0, 10'000}};
-    std::signal(SIGPROF, SIG_DFL);
-    setitimer(ITIMER_PROF, &limit, nullptr);
-    search();
-    _exit(0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFSIGNALED(status) && WTERMSIG(status) == SIGPROF;
+sigjmp_buf afterEndless;
+
+void interruptAfter(int microseconds) {
+  const itimerval limit{{0, 0}, {0, microseconds}};
+  setitimer(ITIMER_PROF, &limit, nullptr);
 }
 
-/// Where a value is found, "none" or "endless".
+/// Where a value is found, "none", or "endless" after 10 ms of processor time.
 template <class T>
 std::string placeOf(T value, unsigned long firstProbe, std::vector<T> values) {
   const std::size_t n = values.size();
   values.push_back(value);  // for a search that goes too far
   unsigned long found = 99;
-  const auto find = [&] { return findNumberFromArray(values.data(), n, value, found, firstProbe); };
-  if (isEndless(find)) return "endless";
-  return find() || found != 99 ? std::to_string(found) : "none";
+  std::signal(SIGPROF, [](int) { siglongjmp(afterEndless, 1); });
+  if (sigsetjmp(afterEndless, 1) != 0) return "endless";
+  interruptAfter(10'000);
+  const bool isFound = findNumberFromArray(values.data(), n, value, found, firstProbe);
+  interruptAfter(0);  // never
+  if (isFound) return std::to_string(found);
+  return found == 99 ? "none" : "none, with an index";
 }
 
 template <class... T>
