@@ -1,5 +1,6 @@
 // What a feature bitstream is: its layout, its version, the one walk over its frames, and whether a
-// query is whole. Private: not installed. Used by the readers, the comparison and the tool.
+// query is whole. Private: not installed. Used by the readers, the comparison, the search and
+// the tool.
 //
 // All integers are unsigned, 32 bits, little-endian; offsets and lengths are in bytes; what is not
 // named is reserved and not read.
@@ -16,7 +17,8 @@
 // The skip rule: after a frame whose feature has the length asked for, the next frame begins behind
 // that feature. After any other frame only its header of 32 bytes is skipped, and what follows is
 // read as the next header. So frames without a feature (length 0) may stand anywhere, but a feature
-// of another length derails the walk. This is deliberate: programs exist that rely on the results.
+// of another length derails the walk. This is deliberate: what existing bitstreams give depends on
+// it.
 #pragma once
 
 #include <cstdint>

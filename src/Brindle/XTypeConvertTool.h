@@ -28,7 +28,7 @@ std::string wstr2str(std::wstring text, std::string locale);
 std::string trimTailSpacesInString(const std::string& text);
 
 /// Returns whether zero-terminated bytes are well-formed UTF-8 text: no overlong form, no
-/// surrogate, nothing above U+10FFFF, and of the control characters only tab, line feed and
+/// surrogate, nothing above U+10FFFF, and of the ASCII control characters only tab, line feed and
 /// carriage return (0x7F is refused as well). True for an empty string, false for null.
 bool IsUtf8(const char* text);
 

@@ -1,5 +1,5 @@
 // Choosing among variants of a function by what the processor can do. Private: not installed. Used
-// by the comparison and by the rooms of the toolbox that have variants.
+// by the comparison, the search and the rooms of the toolbox that have variants.
 //
 // A function with variants is a table, the best one first and last the one that runs everywhere:
 //

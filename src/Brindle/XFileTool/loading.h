@@ -25,8 +25,9 @@
 void xLoadBinFile(const char* path, unsigned char*& buffer, std::uint64_t& length);
 
 /// Reads a whole file into a string, zero bytes included. Bytes that could not be read go
-/// unnoticed, and stay what `contents` held in their place, or are zero. Throws std::bad_alloc,
-/// with `contents` untouched, for a file that does not fit in memory.
+/// unnoticed, and stay what `contents` held in their place, or are zero. Throws std::bad_alloc, or
+/// std::length_error beyond what any string holds, with `contents` untouched, for a file that does
+/// not fit in memory.
 /// @return 0; or, with `contents` untouched, the status code offset - 50 ("Fail to open file") when
 /// the file cannot be opened or has no size
 int xReadWholeFile2(const char* path, std::string& contents);

@@ -113,7 +113,7 @@ std::wstring xUniformFilePath(std::wstring path);
 /// Makes a path uniform, as xUniformFilePath() does, with a `/` at its end, added where there is
 /// none. An empty path stays empty.
 ///
-/// @warning The narrow form converts likewise: "ä\xff/b" gives "ä/", and where the way back
+/// @warning The narrow form converts likewise: "a\xff/b" gives "a/", and where the way back
 /// truncates, the `/` may be lost.
 /// @{
 std::string xFixFolderPath(std::string path);

@@ -5,9 +5,9 @@
 /// keeps it. They must not run beside other threads that use the locale.
 ///
 /// They return how many bytes or wide characters they wrote before the terminator, low 32 bits;
-/// with a null `destination` they only count, without a limit. When `source` is null or holds what
-/// cannot be converted, they print a message and return -1, with what precedes that in
-/// `destination`, without a terminator.
+/// with a null `destination` they only count, without a limit. When `source` is null, or holds what
+/// cannot be converted before the room is full, they return -1, with what precedes that in
+/// `destination`, without a terminator. They print a message when what they return is negative.
 #pragma once
 
 /// @defgroup stringConversion Narrow and wide buffers
