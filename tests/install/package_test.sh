@@ -10,20 +10,21 @@ source=$(cd "$(dirname "$0")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 again=$scratch/another/folder
+rebuilt=$again/$(basename "$build")  # debugging information tells this name
 samples=$source/examples/data
 
 mkdir -p "$again"
 cp -r "$source/CMakeLists.txt" "$source/cmake" "$source/completions" "$source/src" \
   "$source/docs" "$again"
-"$cmake" -S "$again" -B "$again/build" -DCMAKE_CXX_COMPILER="$cxx" "$@" > "$scratch/log"
-"$cmake" --build "$again/build" --parallel "$(nproc)" > "$scratch/log"
-"$cmake" --install "$again/build" --prefix "$again/root" > "$scratch/log"
+"$cmake" -S "$again" -B "$rebuilt" -DCMAKE_CXX_COMPILER="$cxx" "$@" > "$scratch/log"
+"$cmake" --build "$rebuilt" --parallel "$(nproc)" > "$scratch/log"
+"$cmake" --install "$rebuilt" --prefix "$again/root" > "$scratch/log"
 "$cmake" --install "$build" --prefix "$scratch/root" > "$scratch/log"
 diff -r "$scratch/root" "$again/root" || fail "the builds differ"
 
 if command -v dpkg > /dev/null; then
-  (cd "$again/build" && cpack -G DEB > "$scratch/log")
-  dpkg -x "$again"/build/*.deb "$scratch/clean"
+  (cd "$rebuilt" && cpack -G DEB > "$scratch/log")
+  dpkg -x "$rebuilt"/*.deb "$scratch/clean"
   expect "the package's tool" \
     "$("$scratch/clean/usr/bin/Vorquell" "$samples/target.bin" "$samples/query_v7.bin")" \
     "main: Return distance = 0.031250"
