@@ -30,11 +30,11 @@ unsigned processorsOfProcess() {
 }
 
 /// Starts up to `count` threads; stops at the first that cannot be had.
-template <class Work>
-std::vector<std::thread> startThreads(unsigned count, const Work& work) {
+std::vector<std::thread> startThreads(unsigned count, const std::function<void(unsigned)>& work) {
   std::vector<std::thread> threads;
   try {
-    for (unsigned worker = 1; worker <= count; ++worker) threads.emplace_back(work, worker);
+    for (unsigned worker = 1; worker <= count; ++worker)
+      threads.emplace_back(std::cref(work), worker);
   } catch (const std::exception&) {
   }
   return threads;
@@ -49,7 +49,7 @@ unsigned threadCount(unsigned wanted) {
 void runOnThreads(unsigned threads, const std::function<void(unsigned)>& work) {
   std::exception_ptr failure;
   std::mutex failureMutex;
-  const auto guarded = [&](unsigned worker) {
+  const std::function<void(unsigned)> guarded = [&](unsigned worker) {
     try {
       work(worker);
     } catch (...) {
@@ -57,7 +57,7 @@ void runOnThreads(unsigned threads, const std::function<void(unsigned)>& work) {
       failure = std::current_exception();
     }
   };
-  std::vector<std::thread> others = startThreads(threads - 1, std::cref(guarded));
+  std::vector<std::thread> others = startThreads(threads - 1, guarded);
   guarded(0);
   for (std::thread& other : others) other.join();
   if (failure) std::rethrow_exception(failure);
