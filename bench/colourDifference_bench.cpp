@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "PlainColour.h"
 #include "ratio.h"
-#include "reference/PlainColour.h"
 
 namespace {
 

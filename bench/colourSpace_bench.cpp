@@ -4,8 +4,8 @@
 #include <array>
 #include <random>
 
+#include "PlainColour.h"
 #include "ratio.h"
-#include "reference/PlainColour.h"
 
 namespace {
 

@@ -114,21 +114,22 @@ KERNEL double avx2Scores(const char* a, const char* b, int length) {
          static_cast<double>(length * 8);
 }
 
+using Scores = double(const char*, const char*, int);
+
 /// The smallest score over the frames of a valid bitstream.
-double avx2BitstreamDistance(const char* target, unsigned int length, const char* query) {
+template <Scores* kScores>
+double bitstreamDistance(const char* target, unsigned int length, const char* query) {
   const char* frame = query + 184;
   double distance = 1.0;
   for (auto left = load<std::uint32_t>(query + 64); left > 0; --left) {
     const bool matches = load<std::uint32_t>(frame + 24) == length;
     frame += 32;
     if (!matches) continue;
-    distance = std::min(distance, avx2Scores(target, frame, static_cast<int>(length)));
+    distance = std::min(distance, kScores(target, frame, static_cast<int>(length)));
     frame += length;
   }
   return distance;
 }
-
-using Scores = double(const char*, const char*, int);
 
 void scoring(const std::string& name, int length, Scores* plainVersion = plainScores) {
   const auto size = static_cast<std::size_t>(length);
@@ -148,7 +149,7 @@ void scoring(const std::string& name, int length, Scores* plainVersion = plainSc
 using Distance = double(const char*, unsigned int, const char*);
 
 void comparison(const std::string& name, unsigned int length,
-                Distance* plainVersion = plainBitstreamDistance) {
+                Distance* plainVersion = bitstreamDistance<plainScores>) {
   const std::string target = randomBytes(length, 0);
   std::string query = bitstreamHeader(7, 1500);
   for (unsigned int i = 1; i <= 1500; ++i) query += frame(randomBytes(length, i));
@@ -183,7 +184,7 @@ int main(int argc, char** argv) {
       if (length < 64) scoring(std::string(" over popcount/") + name, length, popcountScores);
       if (length >= 64) scoring(std::string(" over look-ups/") + name, length, avx2Scores);
     }
-    comparison(" over look-ups/1500x256B", 256, avx2BitstreamDistance);
+    comparison(" over look-ups/1500x256B", 256, bitstreamDistance<avx2Scores>);
   }
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -57,8 +57,8 @@ install(DIRECTORY python/vorquell DESTINATION lib/python3/dist-packages
 if(VORQUELL_DOCUMENTATION)
   set(documentation ${PROJECT_BINARY_DIR}/docs/html)
 else()
-  set(documentation docs/)
+  set(documentation docs/ FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 endif()
-install(DIRECTORY ${documentation} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorquell-doc
-        COMPONENT documentation EXCLUDE_FROM_ALL
-        PATTERN "CMakeLists.txt" EXCLUDE PATTERN "*.in" EXCLUDE PATTERN "*.1" EXCLUDE)
+list(POP_FRONT documentation folder)
+install(DIRECTORY ${folder} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorquell-doc
+        COMPONENT documentation EXCLUDE_FROM_ALL ${documentation})

@@ -1,12 +1,13 @@
 /* Compares two files through the C interface: compare_c TARGET QUERY
  *
- * Unlike the tool it trusts its bitstreams, as the interface does: give it files of your own. */
+ * ORV_MatchQuery() refuses a truncated query; ORV_CompareFeatures() would read past its end. */
 #include <ORV_CompareFeatures.h>
+#include <ORV_Search.h>
 #include <stdio.h>
 #include <stdlib.h>
 
 /* Returns the file's bytes, which the caller frees, or null. */
-static char* load(const char* path, unsigned int* length) {
+static char* load(const char* path, uint64_t* length) {
   FILE* file = fopen(path, "rb");
   long size;
   char* bytes;
@@ -21,15 +22,15 @@ static char* load(const char* path, unsigned int* length) {
     bytes = NULL;
   }
   fclose(file);
-  *length = (unsigned int)size;
+  *length = (uint64_t)size;
   return bytes;
 }
 
 int main(int argc, char** argv) {
-  unsigned int targetLength, queryLength;
+  uint64_t targetLength, queryLength;
   char *target, *query;
-  double distance;
-  int result = EXIT_FAILURE;
+  ORV_Match match;
+  int status = ORV_INVALID_INPUT;
 
   if (argc != 3) {
     fprintf(stderr, "usage: compare_c TARGET QUERY\n");
@@ -39,11 +40,15 @@ int main(int argc, char** argv) {
   query = load(argv[2], &queryLength);
   if (target == NULL || query == NULL) {
     fprintf(stderr, "compare_c: cannot read %s\n", argv[target == NULL ? 1 : 2]);
-  } else if (ORV_CompareFeatures(target, targetLength, query, queryLength, &distance) == 0) {
-    printf("version %s: %.6f\n", ORV_GetCompareFeaturesVersion(), distance);
-    result = EXIT_SUCCESS;
+  } else {
+    status = ORV_MatchQuery(target, targetLength, query, queryLength, &match);
+    if (status == ORV_FOUND) {
+      printf("version %s: %.6f\n", ORV_GetCompareFeaturesVersion(), match.distance);
+    } else {
+      fprintf(stderr, "compare_c: %s\n", ORV_SearchText(status));
+    }
   }
   free(target);
   free(query);
-  return result;
+  return status == ORV_FOUND ? EXIT_SUCCESS : EXIT_FAILURE;
 }

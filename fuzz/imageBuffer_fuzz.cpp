@@ -1,78 +1,74 @@
 // Copying regions and swapping channels against their plain twins, in blocks of exactly the sizes
-// that the contracts ask for. Input: fourteen bytes of sizes and places, then pixels.
-#include <cstdint>
-#include <cstdlib>
-#include <vector>
-
+// that the contracts ask for. Input: sizes and places, then pixels.
 #include "Brindle/utility/imageBuffer.h"
+
+#include <algorithm>
+
+#include "Input.h"
 #include "reference/PlainPixels.h"
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
-
-void check(bool holds) {
-  if (!holds) std::abort();
+/// An image of up to 9 rows with up to 7 bytes of padding, and a place in it or near.
+PlainImage imageFrom(Input& input, int widest, int bytesPerPixel) {
+  const int width = input.between(1, widest);
+  const int stride = width * bytesPerPixel + input.between(0, 7);
+  return {nullptr,
+          width,
+          input.between(1, 9),
+          stride,
+          input.between(-9, width / 2 + 2),
+          input.between(-3, 5)};
 }
 
-Bytes take(const std::uint8_t* data, std::size_t size, int wanted) {
-  Bytes bytes(static_cast<std::size_t>(wanted));
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = data[i % size];
-  return bytes;
+void checkCopy(Input& input, int widest) {
+  const int bytesPerPixel = input.between(1, 5);
+  PlainImage from = imageFrom(input, widest, bytesPerPixel);
+  PlainImage to = imageFrom(input, widest, bytesPerPixel);
+  const int width = input.between(-1, widest + 10);
+  const int height = input.between(-1, 9);
+  const bool clears = input.between(0, 3) == 0;
+  const int maskStride = from.width + input.between(0, 4);
+  Block mask = input.block(maskStride * from.height, input.between(1, 4));
+  unsigned char* const maskBytes = input.between(0, 1) == 0 ? nullptr : mask.data();
+  Block source = input.block(from.stride * from.height);
+  Block copied = input.block(to.stride * to.height);
+  Block expected = copied;
+  from.bytes = source.data();
+  to.bytes = expected.data();
+  if (clears) std::fill_n(to.bytes, to.stride * to.height, 0);
+  plainCopy(from, to, bytesPerPixel, width, height, maskBytes, maskStride);
+  const bool isDone =
+      copyImageAnywhere(from.bytes, from.width, from.height, from.stride, bytesPerPixel, from.x,
+                        from.y, width, height, copied.data(), to.width, to.height, to.stride, to.x,
+                        to.y, clears, maskBytes, maskStride);
+  check(isDone && copied == expected, "copyImageAnywhere", width, height);
 }
 
-struct Size {
-  int width, height, stride;
-};
-
-/// Three bytes of the input: up to 70 x 10 pixels and up to 7 bytes of padding.
-Size sizeFrom(const std::uint8_t* data, int bytesPerPixel) {
-  const int width = data[0] % 70 + 1;
-  return {width, data[1] % 10 + 1, width * bytesPerPixel + data[2] % 8};
-}
-
-int placeFrom(std::uint8_t byte) {
-  return byte % 100 - 20;
+/// Into another image, which may begin with the same byte, or in place.
+void checkSwap(Input& input, int widest) {
+  const PlainImage size = imageFrom(input, widest, 3);
+  const int length = size.stride * size.height;
+  Block source = input.block(length);
+  Block swapped = input.block(length);
+  if (input.between(0, 3) == 0) swapped.data()[0] = source.data()[0];
+  Block expected = swapped;
+  const bool inPlace = input.between(0, 3) == 0;
+  plainSwap(inPlace ? expected.data() : source.data(), size.width, size.height, size.stride,
+            expected.data());
+  unsigned char* target = swapped.data();
+  const int status = xSwapImageDataOrder(inPlace ? target : source.data(), size.width, size.height,
+                                         size.stride, length, target);
+  check(status == 0 && swapped == expected, "xSwapImageDataOrder", size.width, size.height);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 16) return 0;
-  const int bytesPerPixel = data[0] % 5 + 1;
-  const Size from = sizeFrom(data + 1, bytesPerPixel);
-  const Size to = sizeFrom(data + 4, bytesPerPixel);
-  const int x = placeFrom(data[7]);
-  const int y = placeFrom(data[8]) / 4;
-  const int toX = placeFrom(data[9]);
-  const int toY = placeFrom(data[10]) / 4;
-  const int regionWidth = data[11] % 90;
-  const int regionHeight = data[12] % 14;
-  const bool isMasked = data[13] % 2 != 0;
-  const int maskStride = from.width + data[13] % 5;
-  data += 14;
-  size -= 14;
-
-  Bytes source = take(data, size, from.stride * from.height);
-  Bytes mask = take(data, size, maskStride * from.height);
-  Bytes copied(static_cast<std::size_t>(to.stride * to.height), 7);
-  Bytes expected = copied;
-  check(copyImageAnywhere(source.data(), from.width, from.height, from.stride, bytesPerPixel, x, y,
-                          regionWidth, regionHeight, copied.data(), to.width, to.height, to.stride,
-                          toX, toY, false, isMasked ? mask.data() : nullptr, maskStride));
-  plainCopy({source.data(), from.width, from.height, from.stride, x, y},
-            {expected.data(), to.width, to.height, to.stride, toX, toY}, bytesPerPixel, regionWidth,
-            regionHeight, isMasked ? mask.data() : nullptr, maskStride);
-  check(copied == expected);
-
-  const Size colours{from.width, from.height, from.width * 3 + from.stride % 8};
-  const Bytes image = take(data, size, colours.stride * colours.height);
-  Bytes swapped(image.size(), static_cast<unsigned char>(image[0] + 1));
-  Bytes expectedSwap(image.size(), static_cast<unsigned char>(image[0] + 1));
-  unsigned char* target = swapped.data();
-  check(xSwapImageDataOrder(image.data(), colours.width, colours.height, colours.stride,
-                            static_cast<int>(image.size()), target) == 0);
-  plainSwap(image.data(), colours.width, colours.height, colours.stride, expectedSwap.data());
-  check(swapped == expectedSwap);
+  Input input(data, size);
+  const int widest = input.between(0, 1) == 0 ? 20 : 300;
+  checkCopy(input, widest);
+  checkSwap(input, widest);
   return 0;
 }

@@ -1,82 +1,75 @@
 // Packing, unpacking, overlap and erosion against their plain twins, in blocks of exactly the sizes
-// that the contracts ask for. Input: twelve bytes of sizes and places, then pixels.
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
-
+// that the contracts ask for. Input: sizes and places, then pixels.
 #include "Brindle/utility/mask.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "Input.h"
 #include "reference/PlainPixels.h"
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
-
-void check(bool holds) {
-  if (!holds) std::abort();
-}
-
-/// `size` bytes of the input, which begins again where it ends.
-Bytes take(const std::uint8_t* data, std::size_t size, std::size_t wanted) {
-  Bytes bytes(wanted);
-  for (std::size_t i = 0; i < wanted; ++i) bytes[i] = data[i % size];
-  return bytes;
-}
-
-std::size_t area(int a, int b) {
-  return static_cast<std::size_t>(a) * static_cast<std::size_t>(b);
-}
-
-void checkPacking(Bytes pixels, int width, int height) {
+void checkPacking(Block pixels, int width, int height) {
   unsigned char* packed = nullptr;
   unsigned long length = 0;
   byte2BitData(pixels.data(), width, height, packed, length);
-  Bytes expected(area((width + 7) / 8, height));
+  std::vector<unsigned char> expected(static_cast<std::size_t>((width + 7) / 8 * height));
   plainPack(pixels.data(), width, height, expected.data());
-  check(length == expected.size() && std::memcmp(packed, expected.data(), length) == 0);
+  check(length == expected.size() && std::memcmp(packed, expected.data(), length) == 0,
+        "byte2BitData", width, height);
   std::free(packed);
 }
 
-void checkErosion(Bytes pixels, int width, int height) {
-  Bytes expected = pixels;
+void checkErosion(Block pixels, int width, int height) {
+  Block expected = pixels;
   const int count = plainErosion(expected.data(), width, height);
-  check(erosion(pixels.data(), width, height) == count && pixels == expected);
+  check(erosion(pixels.data(), width, height) == count && pixels == expected, "erosion", width,
+        height);
+}
+
+void checkUnpacking(const PlainMask& mask, Block out, int outWidth, int outHeight, bool clears) {
+  Block expected = out;
+  if (clears) std::fill_n(expected.data(), outWidth * outHeight, 0);
+  plainUnpack(mask, expected.data(), outWidth);
+  bitData2Byte(const_cast<unsigned char*>(mask.packed), mask.width, mask.height, out.data(),
+               outWidth, outHeight, mask.x, mask.y, clears);
+  check(out == expected, "bitData2Byte", mask.width, mask.height);
+}
+
+void checkOverlap(int canvasWidth, int canvasHeight, const PlainMask& a, const PlainMask& b) {
+  const bool meet = maskMaskOverlap(
+      canvasWidth, canvasHeight, const_cast<unsigned char*>(a.packed), a.width, a.height, a.x, a.y,
+      const_cast<unsigned char*>(b.packed), b.width, b.height, b.x, b.y);
+  check(meet == plainOverlap(canvasWidth, canvasHeight, a, b), "maskMaskOverlap", a.width,
+        a.height);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 16) return 0;
-  const int width = data[0] % 140 + 1;
-  const int height = data[1] % 12 + 1;
-  const int canvasWidth = data[2] % 160 + 1;
-  const int canvasHeight = height + data[3] % 8;
-  const int otherWidth = data[4] % 140 + 1;
-  const int otherHeight = data[5] % 12 + 1;
-  const int x = data[6] % canvasWidth;
-  const int y = data[7] % (canvasHeight - height + 1);
-  const int otherX = data[8] % canvasWidth;
-  const int otherY = data[9] % canvasHeight;
-  data += 12;
-  size -= 12;
+  Input input(data, size);
+  const int widest = input.between(0, 1) == 0 ? 40 : 700;
+  const int width = input.between(1, widest);
+  const int height = input.between(1, 6);
+  checkPacking(input.block(width * height, input.between(1, 3)), width, height);
+  checkErosion(input.block(width * height), width, height);
 
-  checkPacking(take(data, size, area(width, height)), width, height);
-  checkErosion(take(data, size, area(width, height)), width, height);
-
-  Bytes packed = take(data, size, area((width + 7) / 8, height));
-  const PlainMask mask{packed.data(), width, height, x, y};
-  Bytes out(area(canvasWidth, canvasHeight), 7);
-  Bytes expected = out;
-  bitData2Byte(packed.data(), width, height, out.data(), canvasWidth, canvasHeight, x, y, false);
-  plainUnpack(mask, expected.data(), canvasWidth);
-  check(out == expected);
-
-  Bytes otherPacked =
-      take(data + size / 2, size - size / 2, area((otherWidth + 7) / 8, otherHeight));
-  const PlainMask other{otherPacked.data(), otherWidth, otherHeight, otherX, otherY};
-  check(maskMaskOverlap(canvasWidth, canvasHeight, packed.data(), width, height, x, y,
-                        otherPacked.data(), otherWidth, otherHeight, otherX,
-                        otherY) == plainOverlap(canvasWidth, canvasHeight, mask, other));
+  const int canvasWidth = input.between(1, widest);
+  const int canvasHeight = height + input.between(0, 5);
+  const int otherWidth = input.between(1, widest);
+  const int otherHeight = input.between(1, 6);
+  const int oneIn = 1 << input.between(0, 6);
+  Block packed = input.block((width + 7) / 8 * height, oneIn);
+  Block otherPacked = input.block((otherWidth + 7) / 8 * otherHeight, oneIn);
+  const PlainMask mask{packed.data(), width, height, input.between(0, canvasWidth - 1),
+                       input.between(0, canvasHeight - height)};
+  const PlainMask other{otherPacked.data(), otherWidth, otherHeight,
+                        input.between(0, canvasWidth - 1), input.between(0, canvasHeight - 1)};
+  const bool clears = input.between(0, 1) == 1;
+  checkUnpacking(mask, input.block(canvasWidth * canvasHeight), canvasWidth, canvasHeight, clears);
+  checkOverlap(canvasWidth, canvasHeight, mask, other);
+  checkOverlap(canvasWidth, canvasHeight, other, mask);
   return 0;
 }

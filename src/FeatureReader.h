@@ -48,6 +48,7 @@ class FeatureReader {
   ///
   /// @warning `length` serves these checks only. The frame count and the length fields are trusted:
   /// every frame that they announce must lie in the caller's buffer; ask queryFramesFit() first.
+  /// See docs/hazards.md.
   virtual FeatureList read(const char* bitstream, unsigned int length, unsigned int featureLength);
 };
 

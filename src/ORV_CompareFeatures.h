@@ -44,8 +44,9 @@ ORV_API const char* ORV_GetCompareFeaturesVersion(void);
  *   a bitstream holds no feature of the target's length; `*distance` is 1.0.
  *
  * @warning A bitstream's frame count and length fields are trusted: the caller must hold every
- * frame that `query` announces, whatever `queryLength` says. When the bytes come from outside, ask
- * queryFramesFit() of FeatureReader.h first, a C++ function of the static library.
+ * frame that `query` announces, whatever `queryLength` says. When the bytes come from outside, call
+ * ORV_MatchQuery() of ORV_Search.h instead, or ask queryFramesFit() of FeatureReader.h first, a C++
+ * function of the static library. See docs/hazards.md.
  * @param target  the target's feature
  * @param targetLength  in bytes; the bit count wraps around in 32 bits from 268,435,456 bytes
  * (256 MiB) on, where distances mean nothing

@@ -28,8 +28,12 @@
 
 #include <stdint.h>
 
-/** Marks what the shared library exports. */
+/** @defgroup search The search
+ * @{
+ */
+
 #ifndef ORV_API
+/** Marks what the shared library exports. */
 #define ORV_API __attribute__((visibility("default")))
 #endif
 
@@ -103,7 +107,7 @@ ORV_API int ORV_Distances(const char* targets, uint64_t targetCount, const char*
 /** Finds the `k` closest features of each target.
  *
  * Besides the caller's memory it takes 16 bytes for each thread, each of the `k` and each of up to
- * 32 targets; never more for more features.
+ * 128 targets; never more for more features.
  * @param targets  `targetCount` features of `length` bytes
  * @param targetCount  number of targets
  * @param features  `featureCount` features of `length` bytes
@@ -123,3 +127,5 @@ ORV_API int ORV_Nearest(const char* targets, uint64_t targetCount, const char* f
 #ifdef __cplusplus
 }
 #endif
+
+/** @} */

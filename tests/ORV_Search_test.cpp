@@ -242,8 +242,8 @@ TEST(DistancesAndNearest, AgreeWithSortingThePlainScores) {
 TEST(DistancesAndNearest, DoNotDependOnTheNumberOfThreads) {
   const std::tuple<std::size_t, std::size_t, std::size_t> sizes[] = {
       {1, 400'000, 64},   // threads share the features
-      {33, 20'001, 32},   // a full block of targets and another one
-      {1300, 1500, 16},   // threads share the targets
+      {130, 5001, 32},    // a full block of targets and another one
+      {4200, 600, 16},    // threads share the targets
       {3, 150, 100'000},  // features longer than a block
   };
   for (const auto& [targets, features, length] : sizes) {

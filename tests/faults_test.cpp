@@ -1,15 +1,17 @@
-// Every allocation of every function that allocates fails once: nothing may crash or leak.
+// Every allocation of every function that allocates fails once, in a process of its own. A row of
+// data/faults.txt is a call and what then becomes of it; nothing may leak.
 //
 // The linker routes the libraries' calls of malloc and its kin to the wrappers below (--wrap);
 // those of operator new end there too.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
+#include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <list>
+#include <map>
 #include <new>
 #include <string>
 #include <utility>
@@ -23,7 +25,8 @@
 #include "ORV_CompareFeatures.h"
 #include "ORV_Search.h"
 #include "support/Bitstream.h"
-#include "support/ScratchDir.h"
+#include "support/InScratchDir.h"
+#include "support/Program.h"
 
 namespace {
 
@@ -32,7 +35,9 @@ long allocations = 0;
 long live = 0;
 
 bool mayAllocate() {
-  return allocations++ != failAt;
+  if (allocations++ != failAt) return true;
+  errno = ENOMEM;
+  return false;
 }
 
 void* counted(void* block) {
@@ -74,195 +79,276 @@ void* operator new(std::size_t size) {
   if (void* const block = __wrap_malloc(size)) return block;
   throw std::bad_alloc();
 }
-// clang-format off
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new(std::size_t n, const std::nothrow_t&) noexcept { return __wrap_malloc(n); }
-void* operator new[](std::size_t n, const std::nothrow_t&) noexcept { return __wrap_malloc(n); }
-void operator delete(void* block) noexcept { __wrap_free(block); }
-void operator delete[](void* block) noexcept { __wrap_free(block); }
-void operator delete(void* block, std::size_t) noexcept { __wrap_free(block); }
-void operator delete[](void* block, std::size_t) noexcept { __wrap_free(block); }
-// clang-format on
+void* operator new[](std::size_t size) {
+  return operator new(size);
+}
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept {
+  return __wrap_malloc(n);
+}
+void* operator new[](std::size_t n, const std::nothrow_t&) noexcept {
+  return __wrap_malloc(n);
+}
+void operator delete(void* block) noexcept {
+  __wrap_free(block);
+}
+void operator delete[](void* block) noexcept {
+  __wrap_free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  __wrap_free(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+  __wrap_free(block);
+}
 
 namespace {
 
+using testing::PrintToString;
+
 const std::string kBitstream = bitstreamHeader(7, 2) + frame("feature1") + frame("feature2");
+const std::string kLongText(500, 'a');
+const std::string kTree =
+    "small, a name that is allocated, folder/first, folder/sub/second, chain/of/one";
 
-/// Runs `call` once for each of its allocations, which then fails, and once without a failure.
-/// Returns how many there were.
-long runWithFailures(const std::function<void()>& call, const char* name) {
-  for (long failing = 0;; ++failing) {
-    const long liveBefore = live;
-    allocations = 0;
-    failAt = failing;
-    try {
-      call();
-    } catch (const std::bad_alloc&) {
-    }
-    failAt = -1;
-    EXPECT_EQ(live, liveBefore) << name << " leaks when allocation " << failing << " fails";
-    if (allocations <= failing) return allocations;
+/// What calls write to.
+struct State {
+  ~State() {
+    std::free(block);
+    std::free(mean);
+    for (int i = 0; i < count; ++i) std::free(files[i]);
+    std::free(files);
   }
-}
 
-TEST(Faults, OfAllocationsLeakNothing) {
-  const ScratchDir dir;
-  const std::string small = dir.write("small", "contents"), longText(500, 'a');
-  const std::string large = dir.write("large", std::string(5 << 20, 'x'));
-  const std::wstring wideText(500, L'a');
-  const std::string copy = dir / "copy", nested = dir / "a/b/c";
-  std::vector<double> values(144, 1.5);
-  std::vector<double*> rows;
-  for (std::size_t i = 0; i < 12; ++i) rows.push_back(&values[12 * i]);
-  std::vector<unsigned char> bytes(64 * 64, 200);
-  using Floats = std::vector<float>;
-  Floats data(30, 2.0F);
-  const std::vector<Point2Df> line(40, {1, 2});
-  unsigned char *buffer = nullptr, *packed = nullptr;
-  std::uint64_t length = 0;
-  unsigned long bits = 0;
-  float *mean = nullptr, sd = 0;
-  const auto release = [](auto*& block) { std::free(std::exchange(block, nullptr)); };
-  const auto load = [&](const std::string& path, std::uint64_t expected) {
-    xLoadBinFile(path.c_str(), buffer, length);
-    EXPECT_EQ(length, expected);
-    release(buffer);
-  };
-
-  // clang-format off
-  const struct { const char* name; std::function<void()> call; } cases[] = {
-      {"FeatureReader", [] { FeatureReader().read(kBitstream.data(), 264, 8); }},
-      {"xLoadBinFile", [&] { load(small, 8); load(large, 5 << 20); }},
-      {"xReadWholeFile", [&] { xReadWholeFile(large.c_str()); }},
-      {"xReadWholeFile2", [&] { std::string contents; xReadWholeFile2(large.c_str(), contents); }},
-      {"xExplainErrorFromBrindle", [] { xExplainErrorFromBrindle(-12345); }},
-      {"str2wstr", [&] { str2wstr(longText, "C"); }},
-      {"wstr2str", [&] { wstr2str(wideText, "C"); }},
-      {"trimTailSpacesInString", [&] { trimTailSpacesInString(longText); }},
-      {"replaceSubString", [&] { std::string text = longText; replaceSubString(text, "a", "bb"); }},
-      {"stringTokenizer", [&] { stringTokenizer(longText + ";" + longText, ";"); }},
-      {"getPathLastName", [&] { getPathLastName("/" + longText + "/" + longText); }},
-      {"msec2FormatedString", [] { msec2FormatedString(UINT64_MAX); }},
-      {"xGetFileExtension", [] { std::free(xGetFileExtension("a.txt")); }},
-      {"xGetFileNameExtension", [] { std::free(xGetFileNameExtension(L"b/a.txt")); }},
-      {"xGetFileNameFolderPath", [&] { xGetFileNameFolderPath(longText, true, false, false); }},
-      {"xUniformFilePath", [&] { xUniformFilePath(longText); }},
-      {"xFixFolderPath", [&] { xFixFolderPath(longText); }},
-      {"xIsPathAbsolute", [&] { xIsPathAbsolute(longText); }},
-      {"xIsDirExist", [] { xIsDirExist(L"/tmp"); }},
-      {"xCreateNestedDir", [&] { xCreateNestedDir(nested, 0); }},
-      {"xDeleteDir", [&] { xDeleteDir((dir / "a").c_str()); }},
-      {"xDeleteFile", [&] { xDeleteFile(wideText, -1, 0); }},
-      {"xConcatBinaryFiles", [&] { xConcatBinaryFiles({longText}, copy); }},
-      {"xFileCopy", [&] { xFileCopy(large.c_str(), copy.c_str(), true); }},
-      {"xGetFileList", [&] { xGetFileList(dir.path()); }},
-      {"xGetCurrentAppDir", [] { xGetCurrentAppDir(); }},
-      {"xGetEnvVariable", [] { xGetEnvVariable("PATH"); }},
-      {"allocate2DDouble", [] { double** m = allocate2DDouble(5, 5); safeDelete2DDouble(5, m); }},
-      {"matrixDet", [&] { matrixDet(rows.data(), 11); }},
-      {"polylineAngle", [&] { Floats angles; polylineAngle(line, angles, true, 2, 2); }},
-      {"polylineToCurvature", [&] { Floats found; polylineToCurvature(line, found, 2, 2); }},
-      {"findMeanAndSD", [&] { findMeanAndSD(data.data(), 3, 10, mean, sd); release(mean); }},
-      {"byte2BitData", [&] { byte2BitData(bytes.data(), 60, 60, packed, bits); release(packed); }},
-      {"ORV_Nearest", [&] {
-        ORV_Match found[4];
-        const int status = ORV_Nearest("target", 1, longText.data(), 83, 6, 4, 1, found);
-        EXPECT_EQ(status, failAt >= 0 && failAt < allocations ? ORV_OUT_OF_MEMORY : ORV_FOUND);
-      }},
-      {"erosion", [&] { erosion(bytes.data(), 64, 64); }},
-  };
-  // clang-format on
-  testing::internal::CaptureStdout();
-  std::vector<std::string> without;
-  for (const auto& c : cases) {
-    if (runWithFailures(c.call, c.name) == 0) without.push_back(c.name);
+  std::map<std::string, std::string> values() const {
+    const auto isNull = [](const void* pointer) { return pointer == nullptr ? "null" : "a block"; };
+    return {{"block", isNull(block)},
+            {"length", PrintToString(length)},
+            {"mean", isNull(mean)},
+            {"sd", PrintToString(sd)},
+            {"text", text},
+            {"bytes", PrintToString(bytes)},
+            {"numbers", PrintToString(numbers)},
+            {"floats", PrintToString(floats)},
+            {"xs", PrintToString(xs)},
+            {"ys", PrintToString(ys)},
+            {"indices", PrintToString(indices)},
+            {"paths", PrintToString(paths)},
+            {"files", isNull(files)},
+            {"count", PrintToString(count)}};
   }
-  testing::internal::GetCapturedStdout();
-  EXPECT_EQ(without, std::vector<std::string>()) << "these allocate nothing and prove nothing";
-}
 
-TEST(Faults, OfSortsLeaveTheArrayAsItWasAndPrintNothing) {
-  const auto check = [](auto sort, auto values) {
-    const auto before = values;
-    testing::internal::CaptureStdout();
-    const long liveBefore = live;
-    allocations = failAt = 0;
-    EXPECT_THROW(sort(values.data(), static_cast<int>(values.size())), std::bad_alloc);
-    failAt = -1;
-    EXPECT_EQ(live, liveBefore);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(values, before);
-  };
-  check(radixSort, std::vector<int>{512, 7, 33, 4096});
-  check(radixSortUChar, std::vector<unsigned char>{15, 12, 18});
-}
-
-TEST(Faults, NeverReachTheComparison) {
-  double distance = 0;
-  allocations = 0;
-  ORV_CompareFeatures("feature2", 8, kBitstream.data(), 264, &distance);
-  EXPECT_EQ(distance, 0.0);
-  EXPECT_EQ(allocations, 0);
-}
-
-TEST(Faults, OfTheLastPathOfAWalkKeepWhatWasListedBefore) {
-  const ScratchDir dir;
-  ASSERT_EQ(xCreateDir((dir / "folder").c_str(), 0), -20067);
-  dir.write("folder/file", "");
-  std::filesystem::current_path(dir.path());
+  unsigned char* block = static_cast<unsigned char*>(std::malloc(1));
+  std::uint64_t length = 7;
+  float* mean = static_cast<float*>(std::malloc(1));
+  float sd = 7;
+  std::string text = "before";
+  std::vector<unsigned char> bytes = {215, 212, 218, 212, 215, 212, 218, 212, 215};
+  std::vector<int> numbers = {512, 7, 33, 4096};
+  std::vector<float> floats = {7};
+  std::list<double> xs, ys;
+  std::list<int> indices = {7};
   std::list<std::string> paths;
-  allocations = 0;
-  xWalking(".", paths, WALK_ALL, true);
-  const long last = allocations - 1;
-
-  paths.clear();
-  allocations = 0, failAt = last;
-  EXPECT_THROW(xWalking(".", paths, WALK_ALL, true), std::bad_alloc);
-  EXPECT_EQ(paths, std::list<std::string>{"./folder"});
-  EXPECT_EQ(std::filesystem::current_path(), dir / "folder");
-
-  std::filesystem::current_path(dir.path());
-  char** files = nullptr;
-  int count = 7;
-  allocations = 0;
-  EXPECT_THROW(xDirWalking(".", files, count, WALK_ALL, true), std::bad_alloc);
-  failAt = -1;
-  EXPECT_EQ(std::filesystem::current_path(), dir.path());
-  EXPECT_TRUE(files == nullptr && count == 7);
-  std::filesystem::current_path("/");
-}
-
-TEST(Faults, OfTheWalkersMemoryEndTheProcess) {
-  const ScratchDir dir;
-  dir.write("file", "");
   char** files = nullptr;
   int count = 0;
-  // The walk's own strings may throw first; its records may not be allocated at all.
-  const auto walk = [&] { xDirWalking(dir.path().c_str(), files, count, WALK_ALL, true); };
-  EXPECT_EXIT(runWithFailures(walk, "xDirWalking"), testing::ExitedWithCode(1),
-              "^Out of memory\n$");
+};
+
+using Call = std::function<std::string(State&)>;
+
+long failing = 0;    // the allocation that a call is to miss
+bool wasHit = true;  // whether it makes that many
+
+void arm() {
+  allocations = 0;
+  failAt = failing;
 }
 
-TEST(Faults, OfDisksAreReported) {
-  const ScratchDir dir;
-  const std::string source = dir.write("source", std::string(100'000, 'x')), copy = dir / "copy";
-  const std::string file = dir.write("file", "");
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before;
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  const rlimit tight{50'000, before.rlim_max};
-  testing::internal::CaptureStdout();
-  setrlimit(RLIMIT_FSIZE, &tight);
-  const int copied = xFileCopy(source.c_str(), copy.c_str(), true);
-  const int writtenBehind = xWriteFileThroughCache(file.c_str(), "data", 4, 60'000);
-  setrlimit(RLIMIT_FSIZE, &before);
-  EXPECT_EQ(xWriteFileThroughCache("/dev/full", "data", 4, 0), -20054);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "Error in writing 4 byte data to " + file +
-                ": File too large (errno 27)\nError in writing 4 byte data to /dev/full: No space "
-                "left on device (errno 28)\n");
-  EXPECT_EQ(copied, -1);
-  EXPECT_EQ(writtenBehind, -20054);
+void disarm() {
+  wasHit = allocations > failing;
+  failAt = -1;
+}
+
+template <class Function>
+Call call(const Function& function) {
+  return [function](State& state) -> std::string {
+    arm();
+    if constexpr (std::is_void_v<decltype(function(state))>) {
+      function(state);
+      disarm();
+      return "returns";
+    } else {
+      const auto result = function(state);
+      disarm();
+      return "returns " + PrintToString(result);
+    }
+  };
+}
+
+double determinant(State&) {
+  std::array<std::array<double, 10>, 10> matrix{};
+  std::array<double*, 10> rows;
+  for (std::size_t i = 0; i < 10; ++i) {
+    matrix[i][i] = 2.0;
+    rows[i] = matrix[i].data();
+  }
+  return matrixDet(rows.data(), 10);
+}
+
+bool cross(State& state) {
+  double square[] = {0, 0, 4, 0, 4, 4, 0, 4}, other[] = {1, 1, 6, 1, 6, 2, 1, 2};
+  return polygonIntersect2D(square, 4, other, 4, &state.xs, &state.ys);
+}
+
+void findBigAngles(State& state) {
+  double arrow[] = {0, 0, 2, 1, 4, 0, 3, 2, 4, 4, 2, 3, 0, 4};
+  getBigAngleIndices2DPolygon(state.indices, arrow, 7, false);
+}
+
+void walk(State& state) {
+  fs::current_path("folder");
+  xWalking(".", state.paths, WALK_ALL, true);
+}
+
+void load(State& state) {
+  std::free(std::exchange(state.block, nullptr));  // which would not be released
+  xLoadBinFile("small", state.block, state.length);
+}
+
+/// Of huge pages.
+void loadLarge(State& state) {
+  fs::resize_file("small", 3 << 20);
+  load(state);
+  fs::resize_file("small", 5);
+}
+
+std::pair<int, int> deleteFolder(State&) {
+  const int status = xDeleteDir("chain");
+  return {status, errno};
+}
+
+void compare(State&) {
+  double distance = 0;
+  ORV_CompareFeatures("feature2", 8, kBitstream.data(), 264, &distance);
+}
+
+int nearest(State&) {
+  ORV_Match found[4];
+  return ORV_Nearest("target", 1, kLongText.data(), 83, 6, 4, 1, found);
+}
+
+const std::vector<Point2Df> kLine(4, {1, 2});
+
+const std::map<std::string, Call> kCalls = {
+    {"FeatureReader::read",
+     call([](auto&) { return FeatureReader().read(kBitstream.data(), 264, 8).size(); })},
+    {"ORV_CompareFeatures", call(compare)},
+    {"ORV_Nearest", call(nearest)},
+    {"xLoadBinFile", call(load)},
+    {"xLoadBinFile(large)", call(loadLarge)},
+    {"xExplainErrorFromBrindle", call([](auto&) { return xExplainErrorFromBrindle(-12345); })},
+    {"str2wstr", call([](auto&) { return str2wstr(kLongText, "C"); })},
+    {"wstr2str", call([](auto&) { return wstr2str(std::wstring(500, L'a'), "C"); })},
+    {"trimTailSpacesInString", call([](auto&) { return trimTailSpacesInString(kLongText); })},
+    {"replaceSubString", call([](auto& s) { replaceSubString(s.text, "before", kLongText); })},
+    {"stringTokenizer", call([](auto&) { return stringTokenizer(kLongText + ";b", ";"); })},
+    {"getPathLastName", call([](auto&) { return getPathLastName("a/" + kLongText); })},
+    {"msec2FormatedString", call([](auto&) { return msec2FormatedString(UINT64_MAX); })},
+    {"xGetFileExtension", call([](auto&) { return xGetFileExtension("a.txt"); })},
+    {"xGetFileNameExtension", call([](auto&) { return xGetFileNameExtension(L"b/a.txt"); })},
+    {"xGetFileNameFolderPath",
+     call([](auto&) { return xGetFileNameFolderPath(kLongText, true, false, false); })},
+    {"xUniformFilePath", call([](auto&) { return xUniformFilePath(kLongText); })},
+    {"xFixFolderPath", call([](auto&) { return xFixFolderPath(kLongText); })},
+    {"xIsPathAbsolute", call([](auto&) { return xIsPathAbsolute(kLongText); })},
+    {"xReadWholeFile", call([](auto&) { return xReadWholeFile("a name that is allocated"); })},
+    {"xReadWholeFile2",
+     call([](auto& s) { return xReadWholeFile2("a name that is allocated", s.text); })},
+    {"xIsDirExist", call([](auto&) { return xIsDirExist(L"folder"); })},
+    {"xCreateNestedDir",
+     call([](auto&) { return xCreateNestedDir("new folder/with another", 0); })},
+    {"xDeleteDir", call(deleteFolder)},
+    {"xDeleteFile", call([](auto&) { return xDeleteFile(L"small", -1, 0); })},
+    {"xConcatBinaryFiles", call([](auto&) {
+       return xConcatBinaryFiles({"small", "folder/sub/second"}, "joined");
+     })},
+    {"xFileCopy", call([](auto&) { return xFileCopy("small", "a name that is allocated", true); })},
+    {"xGetFileList", call([](auto&) { return xGetFileList("folder"); })},
+    {"xGetCurrentAppDir", call([](auto&) { return xGetCurrentAppDir(); })},
+    {"xGetEnvVariable", call([](auto&) { return xGetEnvVariable("PATH"); })},
+    {"xWalking", call(walk)},
+    {"xDirWalking", call([](auto& s) { xDirWalking("folder", s.files, s.count, WALK_ALL, true); })},
+    {"allocate2DDouble", call([](auto&) { return allocate2DDouble(5, 5); })},
+    {"matrixDet", call(determinant)},
+    {"polylineAngle", call([](auto& s) { return polylineAngle(kLine, s.floats, true, 2, 2); })},
+    {"polylineToCurvature",
+     call([](auto& s) { return polylineToCurvature(kLine, s.floats, 2, 2); })},
+    {"findMeanAndSD",
+     call([](auto& s) { return findMeanAndSD(s.floats.data(), 1, 1, s.mean, s.sd); })},
+    {"byte2BitData", call([](auto& s) { byte2BitData(s.bytes.data(), 3, 3, s.block, s.length); })},
+    {"erosion", call([](auto& s) { return erosion(s.bytes.data(), 3, 3); })},
+    {"polygonIntersect2D", call(cross)},
+    {"getBigAngleIndices2DPolygon", call(findBigAngles)},
+    {"radixSort", call([](auto& s) { radixSort(s.numbers.data(), 4); })},
+    {"radixSortUChar", call([](auto& s) { radixSortUChar(s.bytes.data(), 3); })},
+};
+
+struct FailingAllocation : InScratchDir {
+  /// What the call returns or throws and prints, and all that has changed; empty when it does not
+  /// make such an allocation.
+  std::string outcome(const Call& call, long which) const {
+    tree(kTree);
+    const ::Run run = runChild([&] {
+      failing = which;
+      const long before = live;
+      {
+        State state;
+        const std::map<std::string, std::string> old = state.values();
+        Effect found = effect([&] { return Effect(call(state)); });
+        if (!wasHit) _exit(0);
+        for (const auto& [name, value] : state.values()) {
+          if (value != old.at(name)) found.result += "; " + name + " is " + value;
+        }
+        if (found.folder != kUnchanged) found.result += "; holds " + found.folder;
+        if (found.workingDirectory != ".") found.result += "; in " + found.workingDirectory;
+        if (found.openFiles != kUnchanged) found.result += "; open files " + found.openFiles;
+        if (!found.printed.empty()) found.result += "; prints " + found.printed;
+        std::fputs(found.result.c_str(), stdout);
+      }
+      if (live != before) std::printf("; leaks %ld blocks", live - before);
+    });
+    return run.out + run.err + (run.status == 0 ? "" : "exit " + std::to_string(run.status));
+  }
+
+  /// The last of the row's results is for all further allocations, too.
+  void check(const Call& call, const support::Row& row) const {
+    for (std::size_t which = 0;; ++which) {
+      const std::string found = outcome(call, static_cast<long>(which));
+      if (found.empty()) {
+        EXPECT_GE(which, row.results.size()) << row.function << " makes fewer allocations";
+        return;
+      }
+      EXPECT_SAME(found, row.results.at(std::min(which, row.results.size() - 1)))
+          << row.function << " when allocation " << which << " fails";
+    }
+  }
+};
+
+TEST_F(FailingAllocation, HasTheOutcomeOfTheTable) {
+  std::map<std::string, std::function<void(const support::Row&)>> checks;
+  for (const auto& [name, call] : kCalls) {
+    checks[name] = [this, call = call](const support::Row& row) { check(call, row); };
+  }
+  support::checkTable("faults.txt", checks);
+}
+
+TEST_F(FailingAllocation, ElsewhereLeavesNothingOverWhenACallIsRepeated) {
+  tree("folder/file");
+  State state;
+  xDirWalking("folder", state.files, state.count, WALK_ALL, true);
+  const long before = live;
+  xDirWalking("folder", state.files, state.count, WALK_ALL, true);
+  EXPECT_EQ(live, before) << "after xDirWalking";
+  findMeanAndSD(state.floats.data(), 1, 1, state.mean, state.sd);
+  EXPECT_EQ(live, before) << "after findMeanAndSD";
 }
 
 }  // namespace

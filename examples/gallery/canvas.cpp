@@ -8,6 +8,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "font.h"
+
 namespace {
 
 unsigned char toByte(double component) {
@@ -16,6 +18,14 @@ unsigned char toByte(double component) {
 
 void append(std::string& bytes, std::uint32_t value, int size) {
   for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> (8 * i));
+}
+
+const Glyph* glyphOf(char character) {
+  const auto* found = std::find_if(std::begin(kGlyphs), std::end(kGlyphs),
+                                   [&](const Glyph& g) { return g.character == character; });
+  if (found != std::end(kGlyphs)) return found;
+  if (character != ' ') throw std::runtime_error(std::string("no letter for ") + character);
+  return nullptr;
 }
 
 }  // namespace
@@ -39,7 +49,7 @@ void Canvas::line(Point from, Point to, Bgr colour) {
   const int steps = std::max(1, static_cast<int>(2 * std::max(std::fabs(dx), std::fabs(dy))));
   for (int i = 0; i <= steps; ++i) {
     const double t = static_cast<double>(i) / steps;
-    set(static_cast<int>(from.x + t * dx), static_cast<int>(from.y + t * dy), colour);
+    rectangle(static_cast<int>(from.x + t * dx), static_cast<int>(from.y + t * dy), 2, 2, colour);
   }
 }
 
@@ -67,6 +77,30 @@ void Canvas::polygon(const std::vector<double>& polygon, Bgr colour) {
 void Canvas::rectangle(int x, int y, int width, int height, Bgr colour) {
   for (int row = y; row < y + height; ++row) {
     for (int column = x; column < x + width; ++column) set(column, row, colour);
+  }
+}
+
+void Canvas::text(int x, int y, std::string_view text, bool upwards) {
+  constexpr int kScale = kLetterHeight / kGlyphHeight;
+  for (const char character : text) {
+    const Glyph* const glyph = glyphOf(character);
+    for (int pixel = 0; glyph != nullptr && pixel < kGlyphWidth * kGlyphHeight; ++pixel) {
+      const int row = pixel / kGlyphWidth;
+      const int column = pixel % kGlyphWidth;
+      if ((glyph->rows[row] >> (kGlyphWidth - 1 - column) & 1) == 0) continue;
+      const int left = upwards ? x + kScale * row : x + kScale * column;
+      const int top = upwards ? y - kScale * (column + 1) : y + kScale * row;
+      rectangle(left, top, kScale, kScale, kBlack);
+    }
+    (upwards ? y : x) += upwards ? -kLetterWidth : kLetterWidth;
+  }
+}
+
+void Canvas::paste(Canvas& other, int x, int y) {
+  if (!copyImageAnywhere(other.pixels(), other.width(), other.height(), other.stride(), 3, 0, 0,
+                         other.width(), other.height(), pixels(), width_, height_, stride(), x, y,
+                         false, nullptr, 0)) {
+    throw std::runtime_error("a picture was not copied");
   }
 }
 

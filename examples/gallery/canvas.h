@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Components in the toolbox's order, 0 to 1.
@@ -12,6 +13,10 @@ struct Bgr {
 struct Point {
   double x, y;
 };
+
+/// What a letter takes, with the space after it.
+constexpr int kLetterWidth = 12;
+constexpr int kLetterHeight = 14;
 
 constexpr Bgr kWhite{1, 1, 1};
 constexpr Bgr kBlack{0, 0, 0};
@@ -36,6 +41,12 @@ class Canvas {
   void disc(Point centre, double radius, Bgr colour);
   void polygon(const std::vector<double>& polygon, Bgr colour);
   void rectangle(int x, int y, int width, int height, Bgr colour);
+
+  /// Writes with the top left corner at (x, y); `upwards`, it is the bottom left one.
+  void text(int x, int y, std::string_view text, bool upwards = false);
+
+  /// Draws another picture with its top left corner at (x, y).
+  void paste(Canvas& other, int x, int y);
 
   /// Throws std::runtime_error when the file cannot be written.
   void save(const std::string& path);

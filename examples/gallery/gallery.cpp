@@ -1,6 +1,7 @@
 // Draws pictures with the toolbox: gallery FOLDER
 //
-// Each function below is one picture, NAME.bmp in the folder.
+// Each function below draws one of them; what stands around it is in the table at the end, which
+// gives it its name, NAME.bmp in the folder.
 #include <Brindle/utility.h>
 
 #include <algorithm>
@@ -15,7 +16,7 @@
 
 namespace {
 
-constexpr int kSize = 240;
+constexpr int kSize = 480;
 
 /// A position on the picture as a point of the square from -1 to 1, y up.
 Point planePoint(int x, int y) {
@@ -87,12 +88,12 @@ Canvas featureBands() {
   });
 }
 
-/// A mask in four shades, each eroded three times more than the one before, and two segments in the
+/// A mask in four shades, each eroded six times more than the one before, and three segments in the
 /// colour of the side on which they have the mask.
 Canvas erodedMask() {
   Canvas canvas(kSize, kSize);
-  const std::vector<double> star = {120, 20,  146, 92,  222, 94,  162, 140, 184, 212,
-                                    120, 170, 56,  212, 78,  140, 18,  94,  94,  92};
+  const std::vector<double> star = {240, 40,  292, 184, 444, 188, 324, 280, 368, 424,
+                                    240, 340, 112, 424, 156, 280, 36,  188, 188, 184};
   Canvas shape(kSize, kSize, kBlack);
   shape.polygon(star, kWhite);
   std::vector<unsigned char> mask(kSize * kSize);
@@ -106,9 +107,9 @@ Canvas erodedMask() {
         canvas.set(i % kSize, i / kSize, {0.9, shade, shade});
       }
     }
-    for (int i = 0; i < 3; ++i) erosion(mask.data(), kSize, kSize);
+    for (int i = 0; i < 6; ++i) erosion(mask.data(), kSize, kSize);
   }
-  const int segments[][4] = {{90, 10, 20, 30}, {70, 236, 14, 190}, {100, 120, 225, 30}};
+  const int segments[][4] = {{180, 20, 40, 60}, {140, 472, 28, 380}, {200, 240, 450, 60}};
   for (const auto& s : segments) {
     const int side =
         lineSegmentMaskIntersect(original.data(), 0, 0, kSize, kSize, s[0], s[1], s[2], s[3]);
@@ -130,8 +131,8 @@ void outline(Canvas& canvas, const std::vector<double>& polygon, Bgr colour) {
 /// The hull of both polygons' vertices around them, and a dot where their edges cross.
 Canvas crossingPolygons() {
   Canvas canvas(kSize, kSize);
-  std::vector<double> first = {30, 60, 180, 30, 150, 110, 200, 200, 60, 170};
-  std::vector<double> second = {90, 20, 220, 120, 110, 220, 120, 130, 20, 120};
+  std::vector<double> first = {60, 120, 360, 60, 300, 220, 400, 400, 120, 340};
+  std::vector<double> second = {180, 40, 440, 240, 220, 440, 240, 260, 40, 240};
 
   std::vector<std::pair<int, int>> sorted;
   for (const auto* polygon : {&first, &second}) {
@@ -152,13 +153,13 @@ Canvas crossingPolygons() {
   std::list<double> ys;
   polygonIntersect2D(first.data(), static_cast<int>(first.size() / 2), second.data(),
                      static_cast<int>(second.size() / 2), &xs, &ys);
-  for (auto x = xs.begin(), y = ys.begin(); x != xs.end(); ++x, ++y) canvas.disc({*x, *y}, 3, kRed);
+  for (auto x = xs.begin(), y = ys.begin(); x != xs.end(); ++x, ++y) canvas.disc({*x, *y}, 5, kRed);
   return canvas;
 }
 
 /// Red where the polyline turns left, blue where it turns right.
 Bgr turnColour(float curvature) {
-  const double strength = std::fmin(std::fabs(static_cast<double>(curvature)) * 8, 1.0);
+  const double strength = std::fmin(std::fabs(static_cast<double>(curvature)) * 16, 1.0);
   return curvature > 0 ? Bgr{0.7 * (1 - strength), 0.7 * (1 - strength), 0.7 + 0.3 * strength}
                        : Bgr{0.7 + 0.3 * strength, 0.7 * (1 - strength), 0.7 * (1 - strength)};
 }
@@ -169,17 +170,17 @@ Canvas polylineCurvature() {
   Canvas canvas(kSize, kSize);
   std::vector<Point2Df> points;
   for (int i = 0; i <= 110; ++i) {
-    const double x = 10 + 2 * i;
-    const double shake = i % 2 == 0 ? 1.5 : -1.5;
-    points.push_back({static_cast<float>(x), static_cast<float>(40 * std::sin(x / 18) + shake)});
+    const double x = 20 + 4 * i;
+    const double shake = i % 2 == 0 ? 3 : -3;
+    points.push_back({static_cast<float>(x), static_cast<float>(80 * std::sin(x / 36) + shake)});
   }
   for (const int iterations : {0, 6}) {
     std::vector<float> curvature;
     polylineToCurvature(points, curvature, 3, iterations);
-    const double middle = iterations == 0 ? 60 : 180;
+    const double middle = iterations == 0 ? 120 : 360;
     for (std::size_t i = 0; i < points.size(); ++i) {
-      canvas.disc({static_cast<double>(points[i].x), middle - static_cast<double>(points[i].y)},
-                  2.5, turnColour(curvature[i]));
+      canvas.disc({static_cast<double>(points[i].x), middle - static_cast<double>(points[i].y)}, 5,
+                  turnColour(curvature[i]));
     }
   }
   return canvas;
@@ -198,28 +199,130 @@ Canvas maskedCopy() {
     }
   }
   if (!copyImageAnywhere(source.pixels(), kSize, kSize, source.stride(), 3, 0, 0, kSize, kSize,
-                         canvas.pixels(), kSize, kSize, canvas.stride(), 40, 40, false, mask.data(),
+                         canvas.pixels(), kSize, kSize, canvas.stride(), 80, 80, false, mask.data(),
                          kSize)) {
     throw std::runtime_error("the region was not copied");
   }
   return canvas;
 }
 
+/// What the picture's edges stand for.
+struct Axis {
+  const char* name;
+  const char* begin;  // left or bottom
+  const char* end;
+};
+
+struct Key {
+  Bgr colour;
+  const char* text;
+};
+
 struct Picture {
   const char* name;
   Canvas (*draw)();
+  Axis x, y;
+  std::vector<Key> legend;  // at most kLegendLines
 };
 
-constexpr Picture kPictures[] = {
-    {"hue-plane-cylinder", cylinderPlane},
-    {"hue-plane-cone", conePlane},
-    {"colour-difference", differenceMap},
-    {"weighted-feature", featureBands},
-    {"mask-erosion", erodedMask},
-    {"polygons", crossingPolygons},
-    {"polyline-curvature", polylineCurvature},
-    {"masked-copy", maskedCopy},
+constexpr Axis kColumns{"column", "0", "479"};
+constexpr Axis kRows{"row", "479", "0"};
+
+const Picture kPictures[] = {
+    {"hue-plane-cylinder",
+     cylinderPlane,
+     {"S cos H", "-1", "1"},
+     {"S sin H", "-1", "1"},
+     {{kRed, "V = 1, by cylindricalHSV2BGR()"}, {kWhite, "no colour: S above 1"}}},
+    {"hue-plane-cone",
+     conePlane,
+     {"S V cos H", "-1", "1"},
+     {"V", "0", "1"},
+     {{kRed, "H = 0 and 180, by coneHSV2BGR()"}, {kWhite, "no colour: S above 1"}}},
+    {"colour-difference",
+     differenceMap,
+     {"a*", "-40", "80"},
+     {"b*", "-50", "70"},
+     {{kWhite, "L* = 65, by Lab2BGR()"}, {kBlack, "CIEDE2000() = 5, 10, ... from (20, 10)"}}},
+    {"weighted-feature",
+     featureBands,
+     {"hue in degrees", "0", "360"},
+     {"value", "1", "1"},
+     {{kWhite, "above: what the hue-weighted feature keeps"},
+      {kWhite, "below: the colour, S = 0.6; V = 0 between"}}},
+    {"mask-erosion",
+     erodedMask,
+     kColumns,
+     kRows,
+     {{{0.9, 0.85, 0.85}, "the mask; darker: 6, 12, 18 times erosion()"},
+      {kGreen, "lineSegmentMaskIntersect() = 1: mask left"},
+      {kRed, "= -1: mask right, with y up"},
+      {kBlack, "= 0: touched"}}},
+    {"polygons",
+     crossingPolygons,
+     kColumns,
+     kRows,
+     {{kBlue, "polygon A"},
+      {kGreen, "polygon B"},
+      {kRed, "crossings, by polygonIntersect2D()"},
+      {{0.93, 0.93, 0.93}, "hull of both, by chainHull_2D()"}}},
+    {"polyline-curvature",
+     polylineCurvature,
+     {"x", "0", "479"},
+     {"y", "0", "479"},
+     {{kRed, "turns left, by polylineToCurvature()"},
+      {{1, 0, 0}, "turns right"},
+      {kWhite, "above: as it stands"},
+      {kWhite, "below: smoothed 6 times"}}},
+    {"masked-copy",
+     maskedCopy,
+     kColumns,
+     kRows,
+     {{kRed, "a ring of the hue plane, by"},
+      {kWhite, "copyImageAnywhere() with a mask"},
+      {kGrey, "the picture that it is copied onto"}}},
 };
+
+constexpr int kMargin = 32;
+constexpr int kLegendLines = 4;
+constexpr int kLineHeight = 22;
+constexpr int kWidth = kMargin + kSize + kMargin + 32;
+constexpr int kHeight = kMargin + kSize + kMargin + kLegendLines * kLineHeight + 8;
+
+int widthOf(const std::string& text) {
+  return kLetterWidth * static_cast<int>(text.size());
+}
+
+/// Names below and, upwards, left of the drawing.
+void drawAxes(Canvas& canvas, const Axis& x, const Axis& y) {
+  const int below = kMargin + kSize + 8;
+  canvas.text(kMargin, below, x.begin);
+  canvas.text(kMargin + (kSize - widthOf(x.name)) / 2, below, x.name);
+  canvas.text(kMargin + kSize - widthOf(x.end), below, x.end);
+  const int left = kMargin - 8 - kLetterHeight;
+  canvas.text(left, kMargin + kSize, y.begin, true);
+  canvas.text(left, kMargin + (kSize + widthOf(y.name)) / 2, y.name, true);
+  canvas.text(left, kMargin + widthOf(y.end), y.end, true);
+}
+
+void drawLegend(Canvas& canvas, const std::vector<Key>& legend) {
+  int y = kMargin + kSize + kMargin + 4;
+  for (const Key& key : legend) {
+    canvas.rectangle(kMargin, y, kLetterHeight, kLetterHeight, key.colour);
+    canvas.text(kMargin + 2 * kLetterWidth, y, key.text);
+    y += kLineHeight;
+  }
+}
+
+Canvas framed(const Picture& picture) {
+  Canvas canvas(kWidth, kHeight);
+  canvas.rectangle(kMargin - 1, kMargin - 1, kSize + 2, kSize + 2, kGrey);
+  Canvas drawing = picture.draw();
+  canvas.paste(drawing, kMargin, kMargin);
+  drawAxes(canvas, picture.x, picture.y);
+  drawLegend(canvas, picture.legend);
+  return canvas;
+}
 
 }  // namespace
 
@@ -230,7 +333,7 @@ int main(int argc, char** argv) {
   }
   try {
     for (const Picture& picture : kPictures) {
-      picture.draw().save(std::string(argv[1]) + "/" + picture.name + ".bmp");
+      framed(picture).save(std::string(argv[1]) + "/" + picture.name + ".bmp");
     }
   } catch (const std::exception& error) {
     std::fprintf(stderr, "gallery: %s\n", error.what());

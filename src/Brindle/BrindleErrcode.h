@@ -7,7 +7,8 @@
 /// files and folders, 100 to 120 threads, 200 to 204 and 300 to 306 processes, 400 to 414 shared
 /// memory and buffers, 500 to 503 log files.
 ///
-/// @warning The offset has no guard: set it before other threads use the toolbox.
+/// @warning The offset has no guard: set it before other threads use the toolbox. See
+/// docs/hazards.md.
 #pragma once
 
 #include <string>

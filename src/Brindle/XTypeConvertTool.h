@@ -7,7 +7,7 @@
 /// it was in, which then converts.
 ///
 /// @warning Conversions must not run beside other threads that use the locale. The trim and the
-/// test touch no state and are callable from any thread.
+/// test touch no state and are callable from any thread. See docs/hazards.md.
 #pragma once
 
 #include <string>

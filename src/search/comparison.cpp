@@ -129,7 +129,7 @@ void Comparison::comparePacked(std::uint64_t number, Worker& worker) {
     const Features features{worker.buffer.bytes(), worker.buffer.size() / length, length};
     forEachBlock(features, [&](const Features& block, std::uint64_t firstOfBlock) {
       const std::uint64_t first = begin / length + firstOfBlock;
-      scanBlock(target_.bytes(), block, worker.closest,
+      scanBlock(target_.bytes(), block, true, worker.closest,
                 [&](std::uint32_t bits, std::uint64_t index) {
                   return Result{bits, query, first + index};
                 });

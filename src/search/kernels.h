@@ -1,10 +1,13 @@
-// One target with many features, as counts of differing bits. Private: not installed. Used by the
-// scan.
+// Counts of differing bits: of two features, and of one target with many. Private: not installed.
+// Used by the scan and by the match of one query.
 #pragma once
 
 #include <cstdint>
 
 namespace vorquell::search {
+
+/// Counts the bits in which two features of `length` bytes differ.
+std::uint64_t differingBits(const char* a, const char* b, std::uint64_t length);
 
 /// Features are counted in groups of so many.
 inline constexpr std::uint64_t kGroup = 8;

@@ -2,7 +2,7 @@
 
 #include "Bitstream.h"
 #include "ORV_Search.h"
-#include "detail/differingBits.h"
+#include "search/kernels.h"
 
 using namespace vorquell::detail;
 

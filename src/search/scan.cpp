@@ -10,8 +10,10 @@ namespace {
 
 /// Half of a first-level cache of 32 KiB: the targets and the counts want room as well.
 constexpr std::uint64_t kBlockBytes = 16 << 10;
-/// Targets that pass a block of features while it is cached.
-constexpr std::uint64_t kTargetBlock = 32;
+/// Targets that pass a block of features while it is cached: enough to outweigh its way from
+/// memory, and fewer where each keeps many matches.
+constexpr std::uint64_t kTargetBlock = 128;
+constexpr std::uint64_t kMostKept = 1 << 20;
 /// What a thread takes from the features at a time.
 constexpr std::uint64_t kChunkBytes = 256 << 10;
 /// Bytes to compare that are worth another thread, which takes about 20 microseconds to start.
@@ -45,13 +47,13 @@ unsigned usefulThreads(unsigned threads, const Features& targets, const Features
   return std::max(1U, static_cast<unsigned>(useful));
 }
 
-void writeBlockDistances(const char* target, const Features& block, double* distances) {
+void writeBlockDistances(const char* target, const Features& block, bool isCached,
+                         double* distances) {
   std::array<std::uint32_t, kMaxBlock> counts;
-  std::uint64_t done = block.count - block.count % kGroup;
+  std::uint64_t done = countInGroups(block, isCached);
   countGroups(target, block.bytes, done, block.length, 0, counts.data());
   for (; done < block.count; ++done) {
-    counts[done] =
-        static_cast<std::uint32_t>(detail::differingBits(target, block.at(done), block.length));
+    counts[done] = static_cast<std::uint32_t>(differingBits(target, block.at(done), block.length));
   }
   for (std::uint64_t i = 0; i < block.count; ++i) {
     distances[i] = distanceOf(counts[i], block.length);
@@ -66,9 +68,10 @@ void scanChunk(const Features& targets, const Features& chunk, std::uint64_t fir
   forEachBlock(chunk, [&](const Features& block, std::uint64_t firstInChunk) {
     const std::uint64_t first = firstOfChunk + firstInChunk;
     for (std::uint64_t t = 0; t < targets.count; ++t) {
-      scanBlock(targets.at(t), block, rows[t], [first](std::uint32_t bits, std::uint64_t index) {
-        return Kept{bits, first + index};
-      });
+      scanBlock(targets.at(t), block, t > 0, rows[t],
+                [first](std::uint32_t bits, std::uint64_t index) {
+                  return Kept{bits, first + index};
+                });
     }
   });
 }
@@ -103,7 +106,6 @@ void writeNearestOfBlock(const Features& targets, const Features& features, std:
 }  // namespace
 
 std::uint64_t blockSize(std::uint64_t length) {
-  if (length > 2 * kBlockBytes) return 1;
   return std::clamp(kBlockBytes / length / kGroup * kGroup, kGroup, kMaxBlock);
 }
 
@@ -118,29 +120,29 @@ void writeDistances(const Features& targets, const Features& features, unsigned 
       const Features some = pieceOf(targets, part / chunks, kTargetBlock);
       double* const corner =
           distances + part / chunks * kTargetBlock * features.count + part % chunks * size;
-      forEachBlock(pieceOf(features, part % chunks, size),
-                   [&](const Features& block, std::uint64_t first) {
-                     for (std::uint64_t t = 0; t < some.count; ++t) {
-                       writeBlockDistances(some.at(t), block, corner + t * features.count + first);
-                     }
-                   });
+      forEachBlock(
+          pieceOf(features, part % chunks, size), [&](const Features& block, std::uint64_t first) {
+            for (std::uint64_t t = 0; t < some.count; ++t) {
+              writeBlockDistances(some.at(t), block, t > 0, corner + t * features.count + first);
+            }
+          });
     }
   });
 }
 
 void writeNearest(const Features& targets, const Features& features, std::uint64_t k,
                   unsigned threads, ORV_Match* matches) {
-  const std::uint64_t blocks = pieces(targets.count, kTargetBlock);
+  const std::uint64_t size = std::clamp<std::uint64_t>(kMostKept / k, 1, kTargetBlock);
+  const std::uint64_t blocks = pieces(targets.count, size);
+  const std::uint64_t chunks = pieces(features.count, chunkSize(features.length));
   const bool targetsAreShared = blocks >= kEvenShare * threads;
   Counter counter(blocks);
   const auto work = [&](unsigned) {
     for (std::uint64_t number; counter.next(&number);) {
-      const Features block = pieceOf(targets, number, kTargetBlock);
+      const Features block = pieceOf(targets, number, size);
       const unsigned helpers =
-          targetsAreShared ? 1
-                           : usefulThreads(threads, block, features,
-                                           pieces(features.count, chunkSize(features.length)));
-      writeNearestOfBlock(block, features, k, helpers, matches + number * kTargetBlock * k);
+          targetsAreShared ? 1 : usefulThreads(threads, block, features, chunks);
+      writeNearestOfBlock(block, features, k, helpers, matches + number * size * k);
     }
   };
   runOnThreads(targetsAreShared ? usefulThreads(threads, targets, features, blocks) : 1, work);

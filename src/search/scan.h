@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "ORV_Search.h"
-#include "detail/differingBits.h"
 #include "search/closest.h"
 #include "search/kernels.h"
 #include "search/match.h"
@@ -28,9 +27,17 @@ struct Features {
 /// The most features of a block.
 inline constexpr std::uint64_t kMaxBlock = 1024;
 
-/// How many features of `length` bytes are a block: a multiple of kGroup that stays in the
-/// first-level cache while all targets pass, or 1 where even one would not stay.
+/// How many features of `length` bytes are a block: a multiple of kGroup, as many as stay in the
+/// first-level cache while all targets pass.
 std::uint64_t blockSize(std::uint64_t length);
+
+/// How many features of a block are counted in groups. The others are counted one by one: those
+/// that fill no group, and all where the processor's prefetching does not follow eight features at
+/// a time that come from memory, as several of them lie in the same page.
+inline std::uint64_t countInGroups(const Features& block, bool isCached) {
+  if (!isCached && block.length > 256 && block.length < 4096) return 0;
+  return block.count - block.count % kGroup;
+}
 
 /// Calls `onBlock(block, first)` with each block of `features` and the number of its first.
 template <class OnBlock>
@@ -42,12 +49,12 @@ void forEachBlock(const Features& features, OnBlock onBlock) {
 }
 
 /// Offers `closest` the features of a block; `entryOf(bits, index)` makes the entry of the one with
-/// that number in the block.
+/// that number in the block. `isCached`: something has read it just before.
 template <class Entry, class EntryOf>
-void scanBlock(const char* target, const Features& block, Closest<Entry>& closest,
+void scanBlock(const char* target, const Features& block, bool isCached, Closest<Entry>& closest,
                EntryOf entryOf) {
   std::array<std::uint32_t, kMaxBlock> counts;
-  const std::uint64_t inGroups = block.count - block.count % kGroup;
+  const std::uint64_t inGroups = countInGroups(block, isCached);
   std::uint64_t done = 0;
   while (done < inGroups) {
     const std::uint64_t counted = countGroups(target, block.at(done), inGroups - done, block.length,
@@ -60,7 +67,7 @@ void scanBlock(const char* target, const Features& block, Closest<Entry>& closes
     }
   }
   for (; done < block.count; ++done) {
-    const std::uint64_t bits = detail::differingBits(target, block.at(done), block.length);
+    const std::uint64_t bits = differingBits(target, block.at(done), block.length);
     closest.offer(entryOf(static_cast<std::uint32_t>(bits), done));
   }
 }

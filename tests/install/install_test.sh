@@ -57,7 +57,8 @@ sed 's/COMPONENTS/& Brundle/' "$source/examples/consumer/CMakeLists.txt" > CMake
 # pkg-config; the C compiler links only what it is told to.
 export PKG_CONFIG_PATH="$lib/pkgconfig" LD_LIBRARY_PATH="$lib"
 # shellcheck disable=SC2046  # pkg-config prints words
-"$CC" "$source/examples/compare.c" $(pkg-config --cflags --libs ORV_CompareFeatures) -o shared
+"$CC" "$source/examples/compare.c" -o shared \
+  $(pkg-config --cflags --libs ORV_CompareFeatures ORV_Search)
 expect "shared" "$(./shared target.bin query.bin)" "version 1.0.0.0:20180102: 0.125000"
 # shellcheck disable=SC2046
 "$CC" "$source/examples/consumer/consumer.cpp" -static -Wl,-u,ORV_Nearest -o static \

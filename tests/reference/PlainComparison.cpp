@@ -1,9 +1,6 @@
 #include "reference/PlainComparison.h"
 
 #include <array>
-#include <cstdint>
-#include <cstring>
-#include <list>
 
 namespace {
 
@@ -15,12 +12,6 @@ constexpr std::array<int, 256> makeBitCounts() {
   return counts;
 }
 constexpr std::array<int, 256> kBitCounts = makeBitCounts();
-
-std::uint32_t fieldAt(const char* bytes) {
-  std::uint32_t value;
-  std::memcpy(&value, bytes, sizeof value);
-  return value;
-}
 
 }  // namespace
 
@@ -35,22 +26,4 @@ NOT_VECTORISED double plainScores(const char* a, const char* b, int length) {
   int total = 0;
   for (int i = 0; i < length; ++i) total += kBitCounts[static_cast<unsigned char>(a[i] ^ b[i])];
   return static_cast<double>(total) / static_cast<double>(length * 8);
-}
-
-double plainBitstreamDistance(const char* target, unsigned int targetLength, const char* query) {
-  std::list<const char*> features;
-  const char* cursor = query + 184;
-  for (std::uint32_t left = fieldAt(query + 64); left > 0; --left) {
-    const bool matches = fieldAt(cursor + 24) == targetLength;
-    cursor += 32;
-    if (!matches) continue;
-    features.push_back(cursor);
-    cursor += targetLength;
-  }
-  double distance = 1.0;
-  for (const char* feature : features) {
-    const double score = plainScores(target, feature, static_cast<int>(targetLength));
-    if (!(distance < score)) distance = score;
-  }
-  return distance;
 }

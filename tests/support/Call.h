@@ -69,7 +69,8 @@ class Argument {
     held_ = held(word == "?" ? (kIsContainer ? "()" : after) : word.substr(word[0] == '>'));
     if (word == "?" && !kIsContainer) std::fill(held_.begin(), held_.end(), kGuard);
     isNull_ = word == "null";
-    rows_.resize(1 + std::count(after.begin(), after.end(), ';'));
+    rows_.resize(2 + static_cast<std::size_t>(std::count(after.begin(), after.end(), ';')));
+    place_ = argument;
   }
 
   P passed() {
@@ -78,8 +79,8 @@ class Argument {
     } else if constexpr (kIsContainer) {
       return held_;
     } else if constexpr (std::is_same_v<P, T**>) {
-      const std::size_t columns = (held_.size() - 2) / rows_.size();
-      for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = held_.data() + 1 + i * columns;
+      const std::size_t rows = rows_.size() - 1, columns = (held_.size() - 2) / rows;
+      for (std::size_t i = 0; i < rows; ++i) rows_[i] = held_.data() + 1 + i * columns;
       return rows_.data();
     } else if constexpr (std::is_pointer_v<P>) {
       return isNull_ ? nullptr : reinterpret_cast<P>(held_.data() + 1);
@@ -88,7 +89,10 @@ class Argument {
     }
   }
 
-  void check(const Row& row) const { EXPECT_SAME(held_, expected_) << row.function; }
+  void check() const {
+    const Held& afterwards = held_;
+    EXPECT_SAME(afterwards, expected_) << "in argument " << place_;
+  }
 
  private:
   static Held held(const std::string& word) {
@@ -105,7 +109,8 @@ class Argument {
   Held held_;
   Held expected_;
   bool isNull_ = false;
-  std::vector<T*> rows_;
+  std::size_t place_ = 0;
+  std::vector<T*> rows_;  // and null after them
 };
 
 /// A check that calls the function with a row's arguments.
@@ -120,11 +125,12 @@ std::function<void(const Row&)> calls(Result (*function)(Parameters...)) {
     }
     const auto call = [function](auto&... each) { return function(each.passed()...); };
     if constexpr (kReturns) {
-      EXPECT_SAME(std::apply(call, arguments), parsed<Result>(row.results[0]));
+      const Result returned = std::apply(call, arguments);
+      EXPECT_SAME(returned, parsed<Result>(row.results[0]));
     } else {
       std::apply(call, arguments);
     }
-    std::apply([&row](const auto&... each) { (each.check(row), ...); }, arguments);
+    std::apply([](const auto&... each) { (each.check(), ...); }, arguments);
   };
 }
 

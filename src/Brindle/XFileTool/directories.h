@@ -63,7 +63,7 @@ int xCreateDir(const wchar_t* path, int mode);
 ///
 /// Throws std::out_of_range for an empty path, and std::bad_alloc before anything is created.
 ///
-/// @warning True does not mean that the folder exists.
+/// @warning True does not mean that the folder exists. See docs/hazards.md.
 /// @{
 bool xCreateNestedDir(const std::string& path, int mode);
 bool xCreateNestedDir(const std::wstring& path, int mode);
@@ -77,7 +77,7 @@ bool xCreateNestedDir(const std::wstring& path, int mode);
 /// may be one of the tree's, deleted just before.
 ///
 /// @warning Links to folders are followed: a folder that a link in the tree points to is emptied,
-/// wherever it lies, and the deletion then fails at the link.
+/// wherever it lies, and the deletion then fails at the link. See docs/hazards.md.
 int xDeleteDir(const char* path);
 
 /// Deletes nothing, whatever the path: prints "WCHAR for delete directory is not supported!\n" and
@@ -89,7 +89,8 @@ int xDeleteDir(const std::wstring& path);
 
 /// Deletes nothing and prints the same notice.
 ///
-/// @warning A `std::string` takes this form. To delete, call `xDeleteDir(path.c_str())`.
+/// @warning A `std::string` takes this form. To delete, call `xDeleteDir(path.c_str())`. See
+/// docs/hazards.md.
 void xDeleteDir(const std::string& path);
 
 /// @}

@@ -4,7 +4,7 @@
 ///
 /// A null path counts as an empty one, which names no file. Folders and FIFOs have no size.
 ///
-/// @warning Opening a FIFO blocks until the other end is opened.
+/// @warning Opening a FIFO blocks until the other end is opened. See docs/hazards.md.
 #pragma once
 
 #include <cstdint>

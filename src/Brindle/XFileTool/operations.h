@@ -5,7 +5,7 @@
 /// A null path counts as an empty one, which names no file. Nothing is printed unless a contract
 /// says so. Status codes are formed with the current offset (Brindle/BrindleErrcode.h).
 ///
-/// @warning Opening a FIFO blocks until the other end is opened.
+/// @warning Opening a FIFO blocks until the other end is opened. See docs/hazards.md.
 /// @warning The wide xDeleteFile() sets the process's locale to "chinese" (see
 /// Brindle/XTypeConvertTool.h), which other threads must not use meanwhile.
 #pragma once
@@ -32,10 +32,10 @@ bool xIsFileExist(std::wstring& path);
 /// succeeded; a missing file is tried as often as any other.
 ///
 /// @warning The wide form deletes what the path names when converted by wstr2str(), which may be
-/// another file.
+/// another file. See docs/hazards.md.
 /// @param retries  two less than the number of tries; if negative, there is a single one
 /// @param waitMs  how long the thread sleeps between two tries, in milliseconds, at most 2^32 - 1
-/// microseconds; if negative, not at all
+/// microseconds; if negative, not at all; see docs/hazards.md
 /// @{
 bool xDeleteFile(const std::string& path, int retries, int waitMs);
 bool xDeleteFile(const std::wstring& path, int retries, int waitMs);
@@ -54,7 +54,7 @@ void xDeleteFiles(const std::list<std::string>& files);
 /// target, and that file is made. Throws std::bad_alloc only while the target is untouched.
 ///
 /// @warning The target stays deleted when the copy then fails, and a file that is copied onto
-/// itself is lost. A target that is an empty directory is deleted as well.
+/// itself is lost. A target that is an empty directory is deleted as well. See docs/hazards.md.
 /// @return 0, also when bytes of the source could not be read, which are zeros in the copy, or
 /// closing the target failed; or -1 when
 /// - the source is missing, cannot be opened, is empty, has no size or does not fit in memory,
@@ -65,7 +65,8 @@ int xFileCopy(const char* source, const char* target, bool overwrite);
 /// Copies nothing and returns -1. If both paths are directories and `overwrite` is true, it deletes
 /// the target, which may be the source, as xDeleteDir() does.
 ///
-/// @warning xDeleteDir() follows links to directories: what they hold is deleted, too.
+/// @warning xDeleteDir() follows links to directories: what they hold is deleted, too. See
+/// docs/hazards.md.
 int xDirCopy(const char* source, const char* target, bool overwrite);
 
 /// Joins files in the list's order, with one command line for the system's shell:
@@ -83,7 +84,7 @@ int xDirCopy(const char* source, const char* target, bool overwrite);
 /// @warning Names reach the shell between double quotes and otherwise as they are. A double quote,
 /// dollar sign, backquote or backslash in a name is interpreted by the shell, which then may run
 /// any command; a name that begins with `-` is an option to `cat`, and `-` its standard input.
-/// Never pass names from outside.
+/// Never pass names from outside. See docs/hazards.md.
 /// @warning An output that is also among the files is lost. If every name is blank, `cat` reads
 /// from standard input until its end.
 int xConcatBinaryFiles(const std::list<std::string>& files, std::string output);

@@ -50,7 +50,7 @@ wchar_t* xGetFileNameExtension(const wchar_t* path);
 /// component: "sub/name/" gives "name" and "sub/n".
 ///
 /// @warning No output is bounded: each must have room for what it receives and a terminator. 1024
-/// characters hold every name, the length of `path` plus 1 every folder.
+/// characters hold every name, the length of `path` plus 1 every folder. See docs/hazards.md.
 /// @param name,folder  receive the two; null for what is not wanted
 /// @return 0; or, with nothing written, the status codes offset - 51 ("Fail to locate the file")
 /// for a null path and offset - 57 ("File path too long") when any component is longer than 1023
@@ -104,7 +104,7 @@ std::wstring forwardSlashToBackward(std::wstring path);
 /// `//srv//x` gives `//srv/x`, `///` stays `///`, but `\\srv` gives `/srv`.
 ///
 /// @warning The narrow form converts by str2wstr() and wstr2str(), and so may return another,
-/// shorter path: "\xff/tmp" gives "".
+/// shorter path: "\xff/tmp" gives "". See docs/hazards.md.
 /// @{
 std::string xUniformFilePath(std::string path);
 std::wstring xUniformFilePath(std::wstring path);

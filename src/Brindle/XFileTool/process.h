@@ -20,7 +20,7 @@ std::string xGetCurrentAppPath();
 
 /// Returns the folder of the running executable, of whose path up to 4095 bytes are considered, as
 /// the narrow xFixFolderPath() writes it and with what that warns of. Empty for an executable in
-/// the root directory and on failure.
+/// the root directory and on failure. See docs/hazards.md.
 std::string xGetCurrentAppDir();
 
 /// Splits a list in the environment at each ':'. Nothing is trimmed, and empty elements count:

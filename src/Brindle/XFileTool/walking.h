@@ -11,7 +11,7 @@
 ///
 /// @warning The walker changes the working directory of the process while it runs, and the wide
 /// xGetFileList() sets its locale to "chinese" (see Brindle/XTypeConvertTool.h). Neither may run
-/// beside other threads that depend on these.
+/// beside other threads that depend on these. See docs/hazards.md.
 #pragma once
 
 #include <dirent.h>
@@ -48,7 +48,7 @@ int xSortFiles(const void* a, const void* b);
 /// 16, then to twice the one before.
 ///
 /// Without memory, or beyond what `capacity` can count, writes "Out of memory\n" to standard error
-/// and ends the process with status 1.
+/// and ends the process with status 1. See docs/hazards.md.
 void xAddFile(flist* list, dirent* entry);
 
 /// Appends to `files` the paths of the entries of the working directory, without "." and "..":
@@ -63,7 +63,7 @@ void xAddFile(flist* list, dirent* entry);
 /// `files` keeps what was listed.
 ///
 /// @warning A path of 255 bytes or more, not counting the terminator, aborts the process, be it to
-/// be listed or entered.
+/// be listed or entered. See docs/hazards.md.
 /// @warning A sub-directory that cannot be entered is not reported. Under its prefix the directory
 /// around it is listed again, with everything below; then the walk goes on one level too high, and
 /// leaves the working directory there. Where entering keeps failing, the directory is listed within
@@ -95,7 +95,7 @@ void xDirWalking(const char* path, char**& files, int& count, FILE_WALKING_OPTIO
 /// be opened.
 ///
 /// @warning The wide form lists the folder that wstr2str() makes of the path, which may be another
-/// one, and converts each name by str2wstr(), which may truncate it.
+/// one, and converts each name by str2wstr(), which may truncate it. See docs/hazards.md.
 /// @{
 std::vector<std::string> xGetFileList(const std::string& folder);
 std::vector<std::wstring> xGetFileList(const std::wstring& folder);

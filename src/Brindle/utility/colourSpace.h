@@ -100,7 +100,7 @@ void BGR2WeightedFeature(double* in, double* out, int featureType);
 /// 1000, in the caller's array; the saturation and value that were taken away stay lost.
 ///
 /// @warning With any other `featureType` the arrays change roles: `out` is read as a BGR colour,
-/// and its Lab is written to `in`.
+/// and its Lab is written to `in`. See docs/hazards.md.
 void weightedFeature2BGR(double* in, double* out, int featureType);
 
 /// @}

@@ -69,7 +69,8 @@ int xSwapImageDataOrder(const unsigned char* source, int width, int height, int 
 ///
 /// @warning Without padding (`stride` is width * 3) the first byte decides whether to copy: where
 /// `target` begins with the same byte as `source`, it stays as it is.
-/// @warning Reads (height - 1) * stride + width * 3 bytes, even where that exceeds `length`.
+/// @warning Reads (height - 1) * stride + width * 3 bytes, even where that exceeds `length`. See
+/// docs/hazards.md.
 int xTruncateImagePadding(const unsigned char* source, int width, int height, int stride,
                           int length, unsigned char*& target);
 

@@ -8,7 +8,8 @@
 ///
 /// bitData2Byte() and maskMaskOverlap() count the bytes of a packed row in single precision. Above
 /// a width of 2^24 they may count too few, and pixels without a bit are 0; from 134,217,752 on they
-/// may count up to 8 too many and read beyond rows such as byte2BitData() makes.
+/// may count up to 8 too many and read beyond rows such as byte2BitData() makes. See
+/// docs/hazards.md.
 ///
 /// No state; callable from any thread. Messages go to standard output; nothing throws.
 #pragma once
@@ -42,7 +43,7 @@ void bitData2Byte(unsigned char* packed, int width, int height, unsigned char* o
 /// size may give a block of zeros.
 ///
 /// @warning For widths that are a multiple of 8 the last byte of each row stays 0: the last eight
-/// pixels of every row are lost.
+/// pixels of every row are lost. See docs/hazards.md.
 /// @param packed  must be null or come from `malloc`; what it points to is released first, so that
 /// `bytes` must not lie in it
 void byte2BitData(unsigned char* bytes, int width, int height, unsigned char*& packed,

@@ -26,7 +26,7 @@
 /// - a few different values fill the array, neither ascending nor descending.
 ///
 /// Shuffling both arrays together first helps with all but the last, and changes no result where
-/// all values differ and none is NaN.
+/// all values differ and none is NaN. See docs/hazards.md.
 /// @{
 void quickSort(double* values, int* index, int n);
 void q_sort(double* values, int* index, int left, int right);
@@ -38,8 +38,8 @@ void q_sort(double* values, int* index, int left, int right);
 /// std::bad_alloc without memory for a second array, with nothing changed or printed.
 ///
 /// @warning The sort ends after ten passes, or with the first pass in which all numbers have the
-/// same digit, whichever digit that is. So 25 and 15, which share the 5, stay unsorted, as do
-/// 10 and -20, which share the 0.
+/// same digit, whichever digit that is. So 25 and 15, which share the 5, stay unsorted, as do 10
+/// and -20, which share the 0. See docs/hazards.md.
 void radixSort(int* values, int n);
 
 /// Sorts bytes as radixSort() does, and ends as early, but makes at most three passes and prints
@@ -60,7 +60,7 @@ void radixSortUChar(unsigned char* values, int n);
 /// @warning For any other missing value, NaN among them, and for one that only the last element has
 /// unless the search starts there, it never returns and keeps a processor busy; in an array that is
 /// not ascending or holds NaN it may do so for any value. Call it only for values that are known to
-/// stand in the array, and with `firstProbe` n - 1 for its last one.
+/// stand in the array, and with `firstProbe` n - 1 for its last one. See docs/hazards.md.
 template <class T>
 bool findNumberFromArray(T* values, unsigned long n, T value, unsigned long& foundIndex,
                          unsigned long firstProbe);

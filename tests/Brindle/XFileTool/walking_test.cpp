@@ -123,7 +123,7 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   char* const end = static_cast<char*>(pages) + 4096;
   ASSERT_EQ(mprotect(end, 4096, PROT_NONE), 0);
   auto* const entry = reinterpret_cast<dirent*>(end - 24);
-  std::strcpy(entry->d_name, "abc");
+  std::strcpy(entry->d_name, "abcd");  // ends where the page does
   flist list{0, 0, nullptr};
   while (list.count < 32) {
     entry->d_type = static_cast<unsigned char>(list.count);
@@ -141,10 +141,19 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   EXPECT_EQ(head(32), head(0));
   for (int i = 0; i < 16; ++i) {
     const bool isFolder = (i & 4) != 0;
-    EXPECT_EQ(std::string(list.entries[i].d_name, 256), "abc" + std::string(253, '\0')) << i;
+    EXPECT_EQ(std::string(list.entries[i].d_name, 256), "abcd" + std::string(252, '\0')) << i;
     EXPECT_EQ(xSortFiles(&list.entries[i], &list.entries[DT_REG]), isFolder ? -1 : 0) << i;
     EXPECT_EQ(xSortFiles(&list.entries[i], &list.entries[DT_DIR]), isFolder ? 0 : 1) << i;
   }
+  std::free(list.entries);
+}
+
+TEST(WalkedEntries, HaveNamesOfAtMost255Bytes) {
+  flist list{0, 0, nullptr};
+  dirent entry{};
+  std::memset(entry.d_name, 'n', sizeof entry.d_name);
+  xAddFile(&list, &entry);
+  EXPECT_EQ(list.entries[0].d_name, std::string(255, 'n'));
   std::free(list.entries);
 }
 

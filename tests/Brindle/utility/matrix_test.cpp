@@ -60,8 +60,8 @@ TEST(MatrixVectors, HaveTheBitsOfTheTable) {
 }
 
 TEST(MatrixCopyOfIntegers, GoesColumnAfterColumn) {
-  int cells[] = {1, 2, 3, 4, 5, 6};
-  int *from[] = {cells, cells + 2}, *to[] = {cells + 4, cells + 1};  // the order of copying shows
+  int cells[] = {1, 2, 3, 4, 5, 6};  // in which the two overlap
+  int *from[] = {cells, cells + 2, nullptr}, *to[] = {cells + 4, cells + 1, nullptr};
   for (const int cols : {-1, 0, 2}) copyMatrixInt(from, to, 2, cols);
   EXPECT_SAME(std::vector<int>(cells, cells + 6), (std::vector<int>{1, 3, 4, 4, 1, 3}));
 }

@@ -129,7 +129,8 @@ std::string placeOf(T value, unsigned long firstProbe, std::vector<T> values) {
   interruptAfter(10'000);
   const bool isFound = findNumberFromArray(values.data(), n, value, found, firstProbe);
   interruptAfter(0);  // never
-  return isFound || found != 99 ? std::to_string(found) : "none";
+  if (isFound) return std::to_string(found);
+  return found == 99 ? "none" : "none, with an index";
 }
 
 template <class... T>

@@ -1,4 +1,4 @@
-// BGR to Lab and CIEDE2000 step by step, against which the product's are held.
+// BGR to Lab and CIEDE2000 step by step, with which the benchmarks compare the product.
 #pragma once
 
 #include "Brindle/utility/colourDifference.h"

@@ -1,4 +1,4 @@
-#include "reference/PlainColour.h"
+#include "PlainColour.h"
 
 #include <cmath>
 
