@@ -16,6 +16,8 @@ if(VORQUELL_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${VORQUELL_SANITIZE})
   set(VORQUELL_STATIC_TOOL OFF)
+  # Its checks would hide from the sanitizers what they look for.
+  set(VORQUELL_HARDEN OFF)
 endif()
 if(VORQUELL_FUZZERS AND CMAKE_CXX_COMPILER_ID MATCHES Clang)
   add_compile_options(-fsanitize=fuzzer-no-link)

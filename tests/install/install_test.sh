@@ -1,72 +1,66 @@
 #!/bin/sh
 # Installs into a scratch prefix and uses what lies there as a stranger would.
-# install_test.sh CMAKE BUILD_FOLDER CXX CC
-set -eu
-. "$(dirname "$0")/../support/expect.sh"
-cmake=$1 build=$2 cxx=$3 cc=$4
-source=$(cd "$(dirname "$0")/../.." && pwd)
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-prefix=$scratch/prefix
-samples=$source/examples/data
-
-"$cmake" --install "$build" --prefix "$prefix" > "$scratch/log"
-# The tree may be moved after it was installed.
-mv "$prefix" "$scratch/moved" && prefix=$scratch/moved
+. "$(dirname "$0")/begin.sh"
+quietly "$cmake" --install "$build" --prefix "$scratch/prefix"
+mv prefix moved && prefix=$scratch/moved  # the tree may be moved after it was installed
 lib=$(dirname "$(find "$prefix" -name 'libORV_CompareFeatures.so')")
+expect "programs" "$("$prefix/bin/Vorquell" target.bin query_v7.bin
+  "$prefix/bin/VorquellSearch" target.bin query.bin)" "main: Return distance = 0.031250
+0.125000	0	query.bin"
+expect "manual pages, completion" "$(find "$prefix/share" -name 'Vorquell*' | wc -l)" 4
+[ -z "$(find "$prefix" -name Bitstream.h -o -name detail)" ] || fail "a private header is installed"
 
-expect "tool" "$("$prefix/bin/Vorquell" "$samples/target.bin" "$samples/query_v7.bin")" \
-  "main: Return distance = 0.031250"
-expect "exported symbols" "$(nm -D --defined-only "$lib/libORV_CompareFeatures.so" | cut -d' ' -f2-)" \
-  "T ORV_CompareFeatures
-T ORV_GetCompareFeaturesVersion"
-expect "exported symbols of the search" \
-  "$(nm -D --defined-only "$lib/libORV_Search.so" | cut -d' ' -f2- | tr '\n' ' ')" \
-  "T ORV_Distances T ORV_MatchQuery T ORV_Nearest T ORV_SearchText "
+expect "exports" "$(nm -DA --defined-only "$lib"/libORV_*.so | cut -d' ' -f3 | xargs)" \
+  "ORV_CompareFeatures ORV_GetCompareFeaturesVersion \
+ORV_Distances ORV_MatchQuery ORV_Nearest ORV_SearchText"
 for library in ORV_CompareFeatures ORV_Search; do
   readelf -d "$lib/lib$library.so" | grep -q "SONAME.*\[lib$library\.so\.1\]" || fail "soname"
 done
-expect "search" "$("$prefix/bin/VorquellSearch" "$samples/target.bin" "$samples/query.bin")" \
-  "0.125000	0	$samples/query.bin"
-[ -z "$(find "$prefix" -name Bitstream.h -o -name detail)" ] || fail "a private header is installed"
-for program in Vorquell VorquellSearch; do
-  [ -f "$prefix/share/man/man1/$program.1" ] || fail "manual page"
-  [ -f "$prefix/share/bash-completion/completions/$program" ] || fail "completion"
+
+# Hardened: position-independent, all addresses bound and read-only from the start, indirect calls
+# only to marked places, guarded stacks.
+is_set() { grep -qE "^$1:.*=(ON|1)" "$build/CMakeCache.txt"; }
+set --
+is_set VORQUELL_HARDEN && set -- "$lib"/libORV_*.so
+for library; do nm -D "$library" | grep -q __stack_chk_fail || fail "$library: stack"; done
+is_set VORQUELL_HARDEN && is_set VORQUELL_CAN_LINK_STATIC_PIE && set -- "$@" "$prefix"/bin/*
+for file; do
+  expect "$file, hardening" \
+    "$(readelf -hldW "$file" | grep -cE '^ *Type: +DYN|^ *GNU_RELRO|\(FLAGS_1\).*NOW')" 3
+  objdump -d "$file" | grep -q endbr64 || fail "$file: indirect calls"
 done
 
-# Every installed header compiles alone.
-(cd "$prefix/include" && find . -name '*.h') | while read -r header; do
-  echo "#include <$header>" | "$cxx" -std=c++17 -fsyntax-only -Wall -Wextra -Werror \
-    -I"$prefix/include" -x c++ - || fail "header $header"
+# Every header compiles alone. The newest standard library includes the least by the way.
+headers=$(cd "$prefix/include" && find . -name '*.h')
+for compiler in "$CXX" "clang++ -stdlib=libc++"; do
+  echo "#include <version>" | $compiler -std=c++20 -E -x c++ - > log 2>&1 || continue
+  compile="$compiler -fsyntax-only -Wall -Wextra -Werror -I$prefix/include -x c++"
+  for header in $headers; do
+    echo "#include <$header>" | $compile -std=c++2b - || fail "$compiler: $header"
+  done
+  for standard in 17 20; do
+    echo "$headers" | sed 's/.*/#include <&>/' | $compile -std=c++$standard - ||
+      fail "$compiler: C++$standard"
+  done
 done
 
 # find_package
-"$cmake" -S "$source/examples/consumer" -B "$scratch/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
-  -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_C_COMPILER="$cc" > "$scratch/log"
-"$cmake" --build "$scratch/consumer" > "$scratch/log"
-expect "find_package, C++" \
-  "$("$scratch/consumer/consumer" "$samples/target.bin" "$samples/query.bin")" "0.125000"
-expect "find_package, C" \
-  "$("$scratch/consumer/compare_c" "$samples/target.bin" "$samples/query.bin")" \
-  "version 1.0.0.0:20180102: 0.125000"
+export CMAKE_PREFIX_PATH="$prefix"
+quietly "$cmake" -S "$source/examples/consumer" -B consumer
+quietly "$cmake" --build consumer
+expect "find_package, C++ and C" \
+  "$(consumer/consumer target.bin query.bin; consumer/compare_c target.bin query.bin)" "0.125000
+version 1.0.0.0:20180102: 0.125000"
+sed 's/COMPONENTS/& Brundle/' "$source/examples/consumer/CMakeLists.txt" > CMakeLists.txt
+"$cmake" -S . -B none 2>&1 | grep -q 'Vorquell has no component "Brundle"' || fail "no component"
 
-# pkg-config
-export PKG_CONFIG_PATH="$lib/pkgconfig"
+# pkg-config; the C compiler links only what it is told to.
+export PKG_CONFIG_PATH="$lib/pkgconfig" LD_LIBRARY_PATH="$lib"
 # shellcheck disable=SC2046  # pkg-config prints words
-"$cc" "$source/examples/compare.c" -o "$scratch/by_pkg_config" \
+"$CC" "$source/examples/compare.c" -o shared \
   $(pkg-config --cflags --libs ORV_CompareFeatures ORV_Search)
-expect "pkg-config, shared" \
-  "$(LD_LIBRARY_PATH=$lib "$scratch/by_pkg_config" "$samples/target.bin" "$samples/query.bin")" \
-  "version 1.0.0.0:20180102: 0.125000"
+expect "shared" "$(./shared target.bin query.bin)" "version 1.0.0.0:20180102: 0.125000"
 # shellcheck disable=SC2046
-echo '#include <ORV_Search.h>
-int main(void) { ORV_Match m; return ORV_Nearest("a", 1, "ba", 2, 1, 1, 2, &m) + (int)m.index; }' |
-  "$cc" -xc -std=c99 - -xnone -static -o "$scratch/search" \
-    $(pkg-config --static --cflags --libs ORV_Search)
-expect "pkg-config, static search" "$("$scratch/search" || echo $?)" 1
-# shellcheck disable=SC2046
-"$cxx" "$source/examples/consumer/consumer.cpp" -static -o "$scratch/static" \
-  $(pkg-config --static --cflags --libs ORV_CompareFeatures Brindle)
-expect "pkg-config, static" \
-  "$("$scratch/static" "$samples/target.bin" "$samples/query_v7.bin")" "0.031250"
-echo "installed package: all as it should be"
+"$CC" "$source/examples/consumer/consumer.cpp" -static -Wl,-u,ORV_Nearest -o static \
+  $(pkg-config --static --cflags --libs ORV_CompareFeatures ORV_Search Brindle)
+expect "static" "$(./static target.bin query_v7.bin)" "0.031250"
