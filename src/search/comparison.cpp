@@ -95,7 +95,7 @@ void Comparison::estimate() {
     const bool isKnown =
         !isStandardInput(name) && stat(name, &status) == 0 && S_ISREG(status.st_mode);
     const auto size = isKnown ? static_cast<std::uint64_t>(status.st_size) : 0;
-    parts_ += isKnown ? size / blockBytes_ + 1 : threadCount(options_.threads);
+    parts_ += isKnown ? size / blockBytes_ + 1 : 1;
     if (isKnown) {
       progress_.expect(size / target_.size());
     } else {

@@ -1,5 +1,6 @@
 #include "search/packed.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -10,13 +11,19 @@ namespace vorquell::search {
 
 void PackedFile::open() {
   isOpened_ = true;
+  reader_ = std::this_thread::get_id();
   const bool isStream = isStandardInput(name_);
   file_.reset(isStream ? new File(File::standardInput()) : new File(name_));
   error_ = file_->error();
-  if (error_ != 0) file_.reset();
+  if (error_ != 0) {
+    file_.reset();
+    return;
+  }
   struct stat status;
-  isSeekable_ = error_ == 0 && !isStream && fstat(file_->descriptor(), &status) == 0 &&
+  isSeekable_ = !isStream && fstat(file_->descriptor(), &status) == 0 &&
                 (S_ISREG(status.st_mode) || S_ISBLK(status.st_mode));
+  // With a pipe of the largest size that everyone may have, reader and writer wait less often.
+  if (!isSeekable_) fcntl(file_->descriptor(), F_SETPIPE_SZ, 1 << 20);
 }
 
 void PackedFile::note(std::uint64_t begin, std::uint64_t size, int error) {
@@ -29,17 +36,13 @@ bool PackedFile::readBlock(Buffer& buffer, std::uint64_t* begin) {
   std::unique_lock lock(mutex_);
   if (!isOpened_) open();
   const std::shared_ptr<const File> file = file_;
-  if (!file) return false;
+  if (!file || (!isSeekable_ && reader_ != std::this_thread::get_id())) return false;
   *begin = next_;
   next_ += blockBytes_;
-  int error;
-  if (isSeekable_) {
-    lock.unlock();
-    error = buffer.readAt(*file, blockBytes_, *begin);
-    lock.lock();
-  } else {
-    error = buffer.read(*file, blockBytes_);
-  }
+  lock.unlock();
+  const int error =
+      isSeekable_ ? buffer.readAt(*file, blockBytes_, *begin) : buffer.read(*file, blockBytes_);
+  lock.lock();
   note(*begin, buffer.size(), error);
   return buffer.size() > 0;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <thread>
 
 #include "search/files.h"
 
@@ -13,8 +14,9 @@ class PackedFile {
  public:
   PackedFile(const char* name, std::uint64_t blockBytes) : name_(name), blockBytes_(blockBytes) {}
 
-  /// Reads the next block and where in the file it begins; false after the last one. Named files
-  /// are read by all threads at once, pipes and standard input by one after the other.
+  /// Reads the next block and where in the file it begins; false where there is none for this
+  /// thread. A file is read by all threads at once; pipes and standard input, which take longer to
+  /// read than to compare, by the first one that comes.
   bool readBlock(Buffer& buffer, std::uint64_t* begin);
 
   /// After the last block: how many bytes were read, and what ended that, 0 for the file's end.
@@ -30,6 +32,7 @@ class PackedFile {
   std::mutex mutex_;                  // guards what follows
   std::shared_ptr<const File> file_;  // for as long as there is something to read
   bool isOpened_ = false;
+  std::thread::id reader_;
   bool isSeekable_ = false;
   std::uint64_t next_ = 0;
   std::uint64_t size_ = 0;
