@@ -10,6 +10,7 @@
 #pragma GCC diagnostic pop
 #endif
 
+#include <cstddef>
 #include <cstdint>
 
 #include "detail/dispatch.h"

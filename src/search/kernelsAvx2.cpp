@@ -50,7 +50,7 @@ AVX2 std::uint64_t countAvx2(const char* target, const char* features, std::uint
         }
       }
 #pragma GCC unroll 4
-      for (int i = 0; i < 4; ++i) {
+      for (std::size_t i = 0; i < 4; ++i) {
         const __m256i even = _mm256_sad_epu8(sums[2 * i], _mm256_setzero_si256());
         const __m256i odd = _mm256_sad_epu8(sums[2 * i + 1], _mm256_setzero_si256());
         pairs[i] = _mm256_add_epi64(pairs[i], _mm256_add_epi64(even, _mm256_slli_epi64(odd, 32)));

@@ -17,7 +17,7 @@ using Avx512Sums = __m512i[kGroup];
 AVX512 INLINE __m256i foldSums(const Avx512Sums& sums) {
   __m256i pairs[4];
 #pragma GCC unroll 4
-  for (int i = 0; i < 4; ++i) {
+  for (std::size_t i = 0; i < 4; ++i) {
     pairs[i] = foldHalves(_mm512_add_epi64(sums[2 * i], _mm512_slli_epi64(sums[2 * i + 1], 32)));
   }
   return foldPairs(pairs);

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 
@@ -17,9 +18,9 @@ constexpr char kEraseLine[] = "\r\033[K";
 
 /// Hours, minutes and seconds.
 std::string durationText(double seconds) {
-  const auto whole = static_cast<unsigned long long>(std::min(seconds, 1e9) + 0.5);
+  const long long whole = std::llround(std::min(seconds, 1e9));
   char text[32];
-  std::snprintf(text, sizeof text, "%llu:%02llu:%02llu", whole / 3600, whole / 60 % 60, whole % 60);
+  std::snprintf(text, sizeof text, "%lld:%02lld:%02lld", whole / 3600, whole / 60 % 60, whole % 60);
   return text;
 }
 
