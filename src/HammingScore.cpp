@@ -180,9 +180,9 @@ AVX512 __attribute__((noinline)) double scoreLongAvx512(const char* a, const cha
   for (; left > 64; left -= 64, a += 64, b += 64) {
     wide += _mm512_popcnt_epi64(_mm512_loadu_si512(a) ^ _mm512_loadu_si512(b));
   }
-  // With a mask of all lanes, as g++ warns of its own header without one.
-  const __m256i upperHalf = _mm512_maskz_extracti64x4_epi64(0xFF, wide, 1);
-  __m256i count = _mm512_castsi512_si256(wide) + upperHalf;
+  // With masks of all lanes, as g++ 12 warns of its own header without.
+  __m256i count = _mm512_maskz_extracti64x4_epi64(0xFF, wide, 0) +
+                  _mm512_maskz_extracti64x4_epi64(0xFF, wide, 1);
   count += left > 32 ? countFrom33To64(a, b, left) : countUpTo32(a, b, left);
   return shareOfSum(count, length);
 }
