@@ -6,9 +6,9 @@
 #include <cstring>
 #include <memory>
 
+#include "randomPixels.h"
 #include "ratio.h"
 #include "reference/PlainPixels.h"
-#include "support/Pixels.h"
 
 namespace {
 

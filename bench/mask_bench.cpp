@@ -6,9 +6,9 @@
 #include <string>
 
 #include "mask_kernels.h"
+#include "randomPixels.h"
 #include "ratio.h"
 #include "reference/PlainPixels.h"
-#include "support/Pixels.h"
 
 namespace {
 
