@@ -17,7 +17,9 @@ set(VORQUELL_PROGRAM_LINK_OPTIONS)
 set(VORQUELL_LIBRARY_LINK_OPTIONS)
 
 if(VORQUELL_HARDEN)
-  foreach(flag -fstack-protector-strong -fcf-protection)
+  # Of CET the shadow stack. Landing pads for indirect calls cost the shortest comparisons a tenth,
+  # and no Linux looks for them in programs.
+  foreach(flag -fstack-protector-strong -fcf-protection=return)
     string(MAKE_C_IDENTIFIER "VORQUELL_KNOWS${flag}" known)
     check_cxx_compiler_flag(${flag} ${known})
     if(${known})
