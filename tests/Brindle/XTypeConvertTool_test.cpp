@@ -64,7 +64,9 @@ TEST(IsUtf8, AgreesWithThePlainTestAtEveryLengthUpToAnUnreadablePage) {
                                    "\x80",
                                    "\xC3",
                                    "\xE6\xBC",
+                                   "\xC0",
                                    "\xF5",
+                                   "\xFF\x80",
                                    "\xF0\x9F\x98",
                                    "\xC0\x80",
                                    "\xED\xA0\x80",
@@ -73,7 +75,7 @@ TEST(IsUtf8, AgreesWithThePlainTestAtEveryLengthUpToAnUnreadablePage) {
                                    "\x7F",
                                    "\xF0\x8F\xBF\xBF",
                                    "\xF4\x90\x80\x80"};
-  const char* rests[] = {"", "the rest of the text is ASCII, more than one register of it"};
+  const char* rests[] = {"", "a", "the rest of the text is ASCII, more than one register of it"};
   constexpr std::size_t kBeginning = 64;  // is checked apart, the steps begin after it
   GuardedBytes room(70'000);
   for (const std::size_t length : lengthsAroundSteps()) {

@@ -28,16 +28,17 @@ constexpr std::size_t kPlainBlock = 2048;  // bytes looked at before the next ea
   return isControl | (byte == 0x7F);
 }
 
-/// Whether the byte at `at` must not follow the three bytes before it, which are readable.
+/// Whether the byte at `at` must not follow the three bytes before it, which are readable. A byte
+/// that begins no sequence at all is refused together with the one after it, in every kernel.
 [[gnu::always_inline]] inline bool breaksSequence(const Byte* at) {
   const Byte byte = at[0];
   const Byte before = at[-1];
   const bool isTail = (byte & 0xC0) == 0x80;
   const bool mustBeTail = (before >= 0xC2) | (at[-2] >= 0xE0) | (at[-3] >= 0xF0);
-  const bool isNoByte = (byte == 0xC0) | (byte == 0xC1) | (byte >= 0xF5);
+  const bool isAfterNoByte = (before == 0xC0) | (before == 0xC1) | (before >= 0xF5);
   const bool isOverlong = ((before == 0xE0) & (byte < 0xA0)) | ((before == 0xF0) & (byte < 0x90));
   const bool isOutOfRange = ((before == 0xED) & (byte > 0x9F)) | ((before == 0xF4) & (byte > 0x8F));
-  return (isTail != mustBeTail) | isNoByte | isOverlong | isOutOfRange | isRefusedAscii(byte);
+  return (isTail != mustBeTail) | isAfterNoByte | isOverlong | isOutOfRange | isRefusedAscii(byte);
 }
 
 [[gnu::always_inline]] inline bool isAscii(const Byte* bytes, std::size_t length) {
@@ -59,7 +60,7 @@ constexpr std::size_t kPlainBlock = 2048;  // bytes looked at before the next ea
   return broken != 0;
 }
 
-/// Checks text of which the three bytes before `bytes` are known to be good.
+/// Checks text of which the three bytes before `bytes` have been checked.
 bool isWellFormedPlain(const Byte* bytes, std::size_t length) {
   for (std::size_t begin = 0; begin < length; begin += kPlainBlock) {
     const std::size_t size = std::min(kPlainBlock, length - begin);
