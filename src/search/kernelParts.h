@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "detail/differingBitsAvx2.h"
 #include "detail/dispatch.h"
 #include "search/kernels.h"
 
@@ -21,6 +22,7 @@
 
 namespace vorquell::search {
 
+using PairCounter = std::uint64_t(const char*, const char*, std::uint64_t);
 using GroupCounter = std::uint64_t(const char*, const char*, std::uint64_t, std::uint64_t,
                                    std::uint32_t, std::uint32_t*);
 
@@ -28,11 +30,8 @@ using GroupCounter = std::uint64_t(const char*, const char*, std::uint64_t, std:
 GroupCounter countGroupsAvx512;
 GroupCounter countGroupsAvx2;
 
-inline constexpr std::uint64_t kAvx2Bytes = sizeof(__m256i);
-
-AVX2 INLINE __m256i loadAvx2(const void* bytes) {
-  return _mm256_loadu_si256(static_cast<const __m256i*>(bytes));
-}
+/// differingBits() with AVX2.
+PairCounter differingBitsAvx2;
 
 AVX2 INLINE void storeAvx2(void* bytes, __m256i value) {
   _mm256_storeu_si256(static_cast<__m256i*>(bytes), value);

@@ -62,8 +62,9 @@ std::uint64_t differingBitsPlain(const char* a, const char* b, std::uint64_t len
   return countBits<false>(a, b, length);
 }
 
-constexpr Variant<std::uint64_t(const char*, const char*, std::uint64_t)> kPairCounters[] = {
+constexpr Variant<PairCounter> kPairCounters[] = {
     {InstructionSet::kAvx512, differingBitsAvx512},
+    {InstructionSet::kAvx2, differingBitsAvx2},
     {InstructionSet::kPopcnt, differingBitsPopcnt},
     {InstructionSet::kBaseline, differingBitsPlain},
 };

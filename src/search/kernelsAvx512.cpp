@@ -93,7 +93,7 @@ AVX512 std::uint64_t countAvx512(const char* target, const char* features,
 AVX512 std::uint64_t count32Avx512(const char* target, const char* features,
                                    std::uint64_t featureCount, std::uint32_t limit,
                                    std::uint32_t* counts) {
-  const __m512i wanted = _mm512_broadcast_i64x4(loadAvx2(target));
+  const __m512i wanted = _mm512_broadcast_i64x4(detail::loadVector(target));
   const __m256i limits = _mm256_set1_epi32(static_cast<int>(limit));
   const __m512i order = _mm512_setr_epi32(0, 8, 2, 10, 1, 9, 3, 11, 0, 0, 0, 0, 0, 0, 0, 0);
   for (std::uint64_t counted = 0; counted < featureCount;) {
@@ -109,7 +109,7 @@ AVX512 std::uint64_t count32Avx512(const char* target, const char* features,
     const __m256i group = _mm512_castsi512_si256(_mm512_permutexvar_epi32(order, folded));
     storeAvx2(counts + counted, group);
     counted += kGroup;
-    features += kGroup * kAvx2Bytes;
+    features += kGroup * detail::kVector;
     if (_mm256_cmplt_epu32_mask(group, limits) != 0) return counted;
   }
   return featureCount;

@@ -35,7 +35,7 @@ std::uint64_t blockSize(std::uint64_t length);
 /// that fill no group, and all where the processor's prefetching does not follow eight features at
 /// a time that come from memory, as several of them lie in the same page.
 inline std::uint64_t countInGroups(const Features& block, bool isCached) {
-  if (!isCached && block.length > 256 && block.length < 4096) return 0;
+  if (!isCached && block.length >= 256 && block.length < 4096) return 0;
   return block.count - block.count % kGroup;
 }
 
