@@ -1,5 +1,6 @@
 """Runs both sides of each row of docs/coming-from.md: coming_from_test.py BRIDGE VORQUELL PAGE"""
 import ctypes, os, pathlib, re, subprocess, sys, tempfile
+from ctypes import byref
 
 try:
     import cv2, numpy as np, skimage.color as sk
@@ -29,15 +30,39 @@ def cvt(code, colours, kind=np.float32): return cv2.cvtColor(kind(colours)[None]
 def near(a, b, most=1e-9): return np.abs(np.subtract(a, b)).max() <= most
 def same(a, b): return np.array_equal(a, b)
 def sh(command): return subprocess.run(command, shell=True, capture_output=True, text=True)
-def names(paths): return sorted(paths.splitlines())
+def rows(matrix): return (ctypes.c_void_p * len(matrix))(*(row.ctypes.data for row in matrix))
 def fresh(): sh("rm -rf *; mkdir -p t/b/c out; echo x > t/f; echo y > g; chmod 755 g; "
                 "touch empty out/kept; ln -s ../../../out t/b/c/link")
 
 
 def turned(name, *sizes):
     pixels = np.zeros_like(IMAGE)
-    call(name, IMAGE, *sizes, IMAGE.size, ctypes.byref(ctypes.c_void_p(pixels.ctypes.data)))
+    call(name, IMAGE, *sizes, IMAGE.size, byref(ctypes.c_void_p(pixels.ctypes.data)))
     return pixels
+
+
+def columns_from(x):
+    copy = np.zeros_like(PLANE)
+    call("copyImageAnywhere", PLANE, 8, 6, 8, 1, x, 0, 8, 6, copy, 8, 6, 8, x, 0, False, MASK, 8)
+    return copy
+
+
+def packed(mask):
+    block, length = ctypes.c_void_p(), ctypes.c_ulong()
+    call("byte2BitData", mask, *mask.shape[::-1], byref(block), byref(length))
+    return np.frombuffer(ctypes.string_at(block, length.value), np.uint8).reshape(len(mask), -1)
+
+
+def mean_and_spread(data):
+    mean, spread = ctypes.POINTER(ctypes.c_float)(), ctypes.c_float()
+    call("findMeanAndSD", data, *data.shape[::-1], byref(mean), byref(spread))
+    return [*mean[:data.shape[1]], spread.value]
+
+
+def walk(folder):
+    paths, count = ctypes.POINTER(ctypes.c_char_p)(), ctypes.c_int()
+    call("xDirWalking", folder, byref(paths), byref(count), 2, True)
+    return [path.decode() for path in paths[:count.value]]
 
 
 rng = np.random.default_rng(1)
@@ -52,21 +77,18 @@ POINTS = np.int32([[0, 0], [0, 3], [1, 1], [4, 0], [4, 3]])
 SQUARE = np.float32([[0, 0], [1, 0], [1, 1], [0, 1]])
 ARROW = np.int32([[0, 0], [4, 0], [1, 1], [0, 4]])
 SIDES = [(.5, .5), (0, .5), (1, .5), (.5, 0), (.5, 1), (2, 2)]
-NINE, SMALL, VALUES = np.arange(1., 10), np.eye(2) * 1e-4, rng.random(50)
+NINE, SMALL, VALUES = np.arange(1., 10).reshape(3, 3), np.eye(2) * 1e-4, rng.random(50)
 DATA = np.float32(rng.random((9, 3)))
 
 
 def libraries():
-    copied = [filled(np.zeros_like(PLANE), "copyImageAnywhere", PLANE, 8, 6, MASK, x)
-              for x in (0, 2)]
-    blob, full = BLOB.copy(), FULL.copy()
+    copied, packs = [columns_from(x) for x in (0, 2)], [packed(mask) for mask in (BLOB, MASK)]
+    blob, full, inverse = BLOB.copy(), FULL.copy(), np.ones((2, 2))
     call("erosion", blob, 20, 20), call("erosion", full, 9, 9)
     inside = [true("pointInPolygon2D", SQUARE.astype(float), 4, np.float64(p), 1) for p in SIDES]
-    pack = [filled(np.empty((len(m), -(-m.shape[1] // 8)), np.uint8), "byte2BitData", m,
-                   m.shape[1], len(m)) for m in (BLOB, MASK)]
     hull = filled(np.zeros(12, np.int32), "chainHull_2D", POINTS, 5)
     index = np.arange(50, dtype=np.int32)
-    call("quickSort", VALUES.copy(), index, 50)
+    call("quickSort", VALUES.copy(), index, 50), call("matrixInv2D", rows(SMALL), rows(inverse))
     mapped = [filled(np.zeros(1, np.float32), "mapValue", *np.float32([0, 1, x, 2, 4]))
               for x in (.25, 2)]
     return {
@@ -108,17 +130,15 @@ def libraries():
             real("calculateScores", A, B, 64) == spatial.distance.hamming(
                 *np.unpackbits([A, B], axis=1)) != spatial.distance.hamming(A, B),
         "numpy.packbits(mask, axis=1)":
-            same(np.packbits(BLOB != 0, axis=1), pack[0]) and MASK.any() and not pack[1].any(),
+            same(np.packbits(BLOB != 0, axis=1), packs[0]) and MASK.any() and not packs[1].any(),
         "numpy.linalg.det(M)":
-            0 < abs(np.linalg.det(NINE.reshape(3, 3))) < 1e-15
-            and filled(np.ones(1), "matrixDet", NINE, 3) == 0,
+            0 < abs(np.linalg.det(NINE)) < 1e-15 and real("matrixDet", rows(NINE), 3) == 0,
         "numpy.linalg.inv(M)":
-            near(np.linalg.inv(SMALL), np.eye(2) * 1e4)
-            and not filled(np.ones(4), "matrixInv2D", SMALL).any(),
+            near(np.linalg.inv(SMALL), np.eye(2) * 1e4) and not inverse.any(),
         "numpy.argsort(a)": same(np.argsort(VALUES), index),
         "numpy.mean(a, axis=0)":
-            near(filled(np.zeros(4, np.float32), "findMeanAndSD", DATA, 3, 9),
-                 [*DATA.mean(axis=0), np.sqrt(DATA.var(axis=0).sum())], 1e-6),
+            near(mean_and_spread(DATA), [*DATA.mean(axis=0), np.sqrt(DATA.var(axis=0).sum())],
+                 1e-6),
         "numpy.interp(x, (a, b), (c, d))":
             near(mapped, [[2.5], [6]], 1e-6)
             and same(np.interp([.25, 2], (0, 1), (2, 4)), [2.5, 4]),
@@ -141,9 +161,8 @@ def file_tools():
     cmp, distance = sh("cmp t/f g"), sh(f"{tool} t/f g").stdout
     cat = sh("cat t/f g > joined") and call("xConcatBinaryFiles", "t/f", "g", "here")
     joined = cat == 0 and sh("cmp joined here").returncode == 0
-    found = names(sh("find t -mindepth 1").stdout)
-    ours = text("xDirWalking", "t").splitlines()
-    theirs = text("recursive_directory_iterator", "t")
+    found, ours = sh("find t -mindepth 1 | LC_ALL=C sort").stdout.splitlines(), walk("t")
+    theirs = text("recursive_directory_iterator", "t").splitlines()
     parts = [[text(name, path) for name, path in zip(of, ("a.gz", "dir.d/readme", "a/b/"))]
              for of in (["extension"] * 2 + ["filename"],
                         ["xGetFileExtension"] * 2 + ["xGetFileNameExtension"])]
@@ -184,7 +203,7 @@ def file_tools():
         "remove_all": remove_all == (5, False, True),
         "copy_file": copy_file == (0o111, True, (True, True)),
         "exists": exist == [True, True, False, False],
-        "recursive_directory_iterator": names(theirs) == sorted(ours),
+        "recursive_directory_iterator": sorted(theirs) == found,
     }
 
 
