@@ -33,11 +33,7 @@ Effect withPauses(const Result& result) {
 }
 
 Effect exists(const Words& words) {
-  std::string path = words.at(0);
-  std::wstring wide = widened(path);
-  const wchar_t* const widePath = path == "null" ? nullptr : wide.c_str();
-  return std::vector{xIsFileExist(pathOf(path)), xIsFileExist(path), xIsFileExist(widePath),
-                     xIsFileExist(wide)};
+  return asEachType([](auto path) { return xIsFileExist(path); }, words.at(0));
 }
 
 template <class Path>

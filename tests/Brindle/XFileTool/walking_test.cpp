@@ -134,10 +134,7 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   const std::string after(1 << 16, ' ');  // so that the list moves
   xAddFile(&list, list.entries);
   EXPECT_EQ(list.capacity, 64);
-  const auto head = [&list](int i) {
-    return std::string(reinterpret_cast<const char*>(&list.entries[i]), 24);
-  };
-  EXPECT_EQ(head(32), head(0));
+  EXPECT_EQ(list.entries[32].d_ino, 0U);  // which a released block would not keep
   for (int i = 0; i < 16; ++i) {
     const bool isFolder = (i & 4) != 0;
     EXPECT_EQ(std::string(list.entries[i].d_name, 256), "abcd" + std::string(252, '\0')) << i;
