@@ -1,13 +1,18 @@
 # shellcheck shell=bash disable=SC2034
 # Sourced by the tests of searches over several machines, which get: BUILD_FOLDER PYTHON
-set -euo pipefail
-tests=$(cd "$(dirname "$0")/.." && pwd)
-. "$(dirname "$0")/../support/expect.sh"
-. "$(dirname "$0")/../support/await.sh"
-. "$(dirname "$0")/../support/documented.sh"
+. "$(dirname "$0")/../support/begin.sh"
 build=$1 python=$2
 
 skip() { echo "skipped: $1 is not installed"; exit 77; }
+
+# await WHAT COMMAND...: until the command succeeds, at most 50 seconds after the start of the test;
+# then shows the ends of the logs in the scratch folder and fails.
+await() {
+  until "${@:2}" > /dev/null 2>&1; do
+    [ $SECONDS -lt 50 ] || { tail -n 20 "$scratch"/*.log >&2; fail "no $1"; }
+    sleep 0.1
+  done
+}
 
 # Ends what was started.
 end() {
@@ -17,10 +22,8 @@ end() {
   wait
   rm -rf "$scratch"
 }
-scratch=$(mktemp -d)
 trap 'end 2> /dev/null' EXIT
 chmod 711 "$scratch"  # as munged wants it
-cd "$scratch"
 export PATH=$build:$tests/../examples/cluster:$PATH
 
 # A target, packed features in parts, and in `wanted` what a single run finds. Features are of three

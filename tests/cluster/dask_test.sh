@@ -33,7 +33,7 @@ address=$(sed -n 's/.*"address": "\(.*\)".*/\1/p' scheduler.json)
 sed "1c #!$python
 s/^BLOCK_BYTES = .*/BLOCK_BYTES = 300/" "$tests/../examples/cluster/search_dask.py" > search_dask.py
 chmod +x search_dask.py
-documented "$tests/../docs/many.md" search_dask.py | sed "s,tcp://scheduler:8786,$address," > run
+documented search_dask.py | sed "s,tcp://scheduler:8786,$address," > run
 bash run > found &
 search=$!
 await "worker that searches" [ -e is_held ]

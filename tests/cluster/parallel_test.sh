@@ -3,7 +3,7 @@
 . "$(dirname "$0")/begin.sh"
 parallel --version 2> /dev/null | grep -q GNU || skip "GNU parallel"
 export HOME=$scratch
-documented "$tests/../docs/many.md" 'parallel -k' | sed 's/host1,host2,:/:/' > run
+documented 'parallel -k' | sed 's/host1,host2,:/:/' > run
 bash run > found
 cmp found wanted || fail "the merged answer is not that of a single run"
 echo "parallel: the answer of a single run"

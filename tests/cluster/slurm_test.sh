@@ -73,7 +73,7 @@ END
 
 runs() { sort -n runs | tr '\n' ' '; }
 
-documented "$tests/../docs/many.md" search.sbatch > run
+documented search.sbatch > run
 start_cluster
 install_program
 
