@@ -4,6 +4,9 @@
 
 namespace {
 
+const std::string kBit = std::string(15, '\0') + '\x10';
+const std::string kBitstream = bitstreamHeader(7, 3) + frame(kBit) + frameHeader(0) + frame(kBit);
+
 struct Tool : InScratchDir {
   Tool() {
     dir.write("zeros", std::string(16, '\0'));
@@ -13,8 +16,6 @@ struct Tool : InScratchDir {
     dir.write("empty", "");
     dir.write("short", "1234567");
   }
-  const std::string kBit = std::string(15, '\0') + '\x10';
-  const std::string kBitstream = bitstreamHeader(7, 3) + frame(kBit) + frameHeader(0) + frame(kBit);
 };
 
 TEST_F(Tool, PrintsItsUsageOrOneOutcome) {

@@ -32,9 +32,10 @@ TEST_F(SearchTool, PrintsTheClosestFirstAndTellsWhatItCannotCompare) {
 TEST_F(SearchTool, NeedsLittleMemoryForManyFeatures) {
   dir.write("t", "8 bytes.");
   fs::resize_file("empty", 128 << 20);
-  EXPECT_EQ(runLine("ulimit -d 65536; VorquellSearch t -k 9 --packed empty --packed - < empty >some"
-                    " && wc -l < some"),
-            (Words{"9\n", "", "0"}));
+  EXPECT_EQ(
+      runLine("ulimit -d 65536; VorquellSearch t -j 2 -k 9 --packed empty --packed - < empty >some"
+              " && wc -l < some"),
+      (Words{"9\n", "", "0"}));
 }
 
 #endif
@@ -53,6 +54,7 @@ TEST_F(SearchTool, SelectsTheSameFromManyWithEachNumberOfThreads) {
   dir.write("errors", errors);
   const std::string search =
       "VorquellSearch t --files0-from list --packed packed --packed packed 2> told ";
+  // 750 files, and 65,536 features twice.
   EXPECT_EQ(runLine(search + "-j 1 > all; wc -l < all"), (Words{"131822\n", "", "0"}));
   const std::pair<std::string, std::string> selections[] = {{"", "cat all"},
                                                             {"-k 1", "head -n 1 all"},
