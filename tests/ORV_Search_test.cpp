@@ -183,8 +183,8 @@ TEST(DistancesAndNearest, AgreeWithSortingThePlainScores) {
 TEST(DistancesAndNearest, DoNotDependOnTheNumberOfThreads) {
   const Data shared[] = {
       {20, 2700, 256},   // threads share the features
-      {130, 760, 128},   // a full block of targets and another one
-      {3100, 140, 32},   // threads share the targets
+      {130, 380, 256},   // a full block of targets and another one
+      {3100, 35, 128},   // threads share the targets
       {10, 30, 44'000},  // features of which a chunk holds few
   };
   for (const Data& data : shared) expectPlainAnswers(data, {10, data.featureCount}, {1, 3});
