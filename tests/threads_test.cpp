@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <future>
 #include <latch>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "Brindle/XTypeConvertTool.h"
@@ -24,19 +24,16 @@ unsigned char* raw(const std::string& bytes) {
   return reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data()));
 }
 
-/// Expects of 16 threads that call at the same time what a later call returns.
+/// Expects of 16 threads that call at the same time what another call returns.
 void expectSameFromAllThreads(const char* function, const std::function<std::string()>& call) {
-  std::vector<std::string> answers(16);
   std::latch start(16);
-  std::vector<std::thread> threads;
-  for (std::string& answer : answers) {
-    threads.emplace_back([&start, &answer, &call] {
-      start.arrive_and_wait();
-      answer = call();
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(answers, std::vector<std::string>(16, call())) << function;
+  const auto callWithAll = [&] {
+    start.arrive_and_wait();
+    return call();
+  };
+  std::vector<std::future<std::string>> answers;
+  for (int i = 0; i < 16; ++i) answers.push_back(std::async(std::launch::async, callWithAll));
+  for (auto& answer : answers) EXPECT_EQ(answer.get(), call()) << function;
 }
 
 TEST(Threads, GetWhatOneThreadGetsFromTheFirstCallOn) {

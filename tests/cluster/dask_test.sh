@@ -1,28 +1,10 @@
 #!/usr/bin/env bash
 # Searches on a Dask scheduler and two workers that live as long as this test, on the loopback
 # address. One worker is killed on the way.
-# dask_test.sh BUILD_FOLDER PYTHON
-set -euo pipefail
-. "$(dirname "$0")/../support/expect.sh"
-. "$(dirname "$0")/../support/await.sh"
-. "$(dirname "$0")/../support/documented.sh"
-. "$(dirname "$0")/data.sh"
-tests=$(cd "$(dirname "$0")/.." && pwd)
-build=$1 python=$2
-"$python" -c 'import distributed, numpy' 2> /dev/null ||
-  { echo "skipped: python3-distributed is not installed"; exit 77; }
-scratch=$(mktemp -d)
-end() {
-  # shellcheck disable=SC2046
-  kill -KILL $(jobs -p) || true
-  wait || true
-  rm -rf "$scratch"
-}
-trap 'end 2> /dev/null' EXIT
-cd "$scratch"
-export PATH=$scratch:$build:$PATH PYTHONPATH=$tests/../python PYTHONDONTWRITEBYTECODE=1
-export VORQUELL_LIBRARY_DIR=$build
-export DASK_DISTRIBUTED__ADMIN__TICK__LIMIT=60s
+. "$(dirname "$0")/begin.sh"
+"$python" -c 'import distributed, numpy' 2> /dev/null || skip python3-distributed
+export PATH=$scratch:$PATH PYTHONPATH=$tests/../python PYTHONDONTWRITEBYTECODE=1
+export VORQUELL_LIBRARY_DIR=$build DASK_DISTRIBUTED__ADMIN__TICK__LIMIT=60s
 
 start_worker() {
   "$python" -m distributed.cli.dask_worker --scheduler-file scheduler.json --host 127.0.0.1 \
@@ -46,13 +28,12 @@ held=$!
 start_worker other
 await "workers" sh -c 'grep -q "Registered to" held.log && grep -q "Registered to" other.log'
 
-make_data
 address=$(sed -n 's/.*"address": "\(.*\)".*/\1/p' scheduler.json)
 # Blocks of a hundred features.
 sed "1c #!$python
 s/^BLOCK_BYTES = .*/BLOCK_BYTES = 300/" "$tests/../examples/cluster/search_dask.py" > search_dask.py
 chmod +x search_dask.py
-documented "$tests/../docs/many.md" search_dask.py | sed "s,tcp://scheduler:8786,$address," > run
+documented search_dask.py | sed "s,tcp://scheduler:8786,$address," > run
 bash run > found &
 search=$!
 await "worker that searches" [ -e is_held ]

@@ -1,35 +1,21 @@
 #!/usr/bin/env bash
 # Searches on a Slurm cluster of one node that lives as long as this test, in a scratch folder and
 # on the loopback address. One task is killed on the way.
-# slurm_test.sh BUILD_FOLDER
-set -euo pipefail
-. "$(dirname "$0")/../support/expect.sh"
-. "$(dirname "$0")/../support/await.sh"
-. "$(dirname "$0")/../support/documented.sh"
-. "$(dirname "$0")/data.sh"
-tests=$(cd "$(dirname "$0")/.." && pwd)
+. "$(dirname "$0")/begin.sh"
 PATH=$PATH:/usr/sbin:/sbin
 for program in munged slurmctld slurmd sbatch; do
-  command -v "$program" > /dev/null || { echo "skipped: $program is not installed"; exit 77; }
+  command -v "$program" > /dev/null || skip "$program"
 done
-build=$1
-scratch=$(mktemp -d)
-chmod 711 "$scratch"  # as munged wants it
-cd "$scratch"
 export SLURM_CONF=$scratch/slurm.conf
 
 nothing_runs() { [ -z "$(squeue -h)" ]; }
 
-end() {
-  trap - EXIT
-  if [ -n "${controller:-}" ]; then
-    squeue -h -o %A | xargs -r scancel --signal=KILL --full || true
-  fi
-  # shellcheck disable=SC2046
-  kill $(jobs -p) && wait
-  rm -rf "$scratch"
+end_cluster() {
+  set +e
+  squeue -h -o %A | xargs -r scancel --signal=KILL --full
+  kill "$controller" && wait "$controller"
+  end
 }
-trap 'end 2> /dev/null' EXIT
 
 start_cluster() {
   local host user ports
@@ -51,24 +37,20 @@ SlurmdPort=${ports[1]}
 SlurmUser=$user
 SlurmdUser=$user
 AuthInfo=socket=$scratch/munge/socket
-CredType=cred/munge
 StateSaveLocation=$scratch/state
 SlurmdSpoolDir=$scratch/spool
 SlurmctldPidFile=$scratch/slurmctld.pid
 SlurmdPidFile=$scratch/slurmd.pid
 SlurmdParameters=config_overrides
 ProctrackType=proctrack/linuxproc
-TaskPlugin=task/none
-JobAcctGatherType=jobacct_gather/none
 SelectType=select/cons_tres
 SelectTypeParameters=CR_CPU
-ReturnToService=2
-MailProg=/bin/true
 NodeName=node NodeHostname=$host NodeAddr=127.0.0.1 CPUs=8
 PartitionName=all Nodes=node Default=YES
 END
   slurmctld -D -c > slurmctld.log 2>&1 &
   controller=$!
+  trap 'end_cluster 2> /dev/null' EXIT
   slurmd -D -N node > slurmd.log 2>&1 &
   await "node" sh -c 'sinfo -h -o %t | grep -qx idle'
 }
@@ -91,9 +73,7 @@ END
 
 runs() { sort -n runs | tr '\n' ' '; }
 
-export PATH=$build:$tests/../examples/cluster:$PATH
-make_data
-documented "$tests/../docs/many.md" search.sbatch > run
+documented search.sbatch > run
 start_cluster
 install_program
 

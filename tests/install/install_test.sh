@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Installs into a scratch prefix and uses what lies there as a stranger would.
 . "$(dirname "$0")/begin.sh"
 quietly "$cmake" --install "$build" --prefix "$scratch/prefix"

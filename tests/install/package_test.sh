@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Builds the sources again in another folder, later and in another time zone: the same Debian
 # packages to the byte, in which CMake finds what a consumer needs.
 . "$(dirname "$0")/begin.sh"

@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Configures a parent alone and with this project as its child: all that is the parent's stays.
 . "$(dirname "$0")/begin.sh"
 cat > CMakeLists.txt <<'END'

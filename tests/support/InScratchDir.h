@@ -33,6 +33,14 @@ inline std::wstring widened(const std::string& text) {
   return {text.begin(), text.end()};
 }
 
+/// What a call returns for a path as a char*, a string, a wchar_t* and a wide string.
+template <class Call>
+auto asEachType(const Call& call, const std::string& path) {
+  const std::wstring wide = widened(path);
+  const wchar_t* const widePath = path == "null" ? nullptr : wide.c_str();
+  return std::vector{call(pathOf(path)), call(path), call(widePath), call(wide)};
+}
+
 template <class Texts>
 std::string joined(const Texts& texts) {
   std::string all;

@@ -1,31 +1,23 @@
-// Running a built program as a user does.
+// Running code and programs in processes of their own.
 #pragma once
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "support/Bytes.h"
 #include "support/ScratchDir.h"
+#include "support/Table.h"
 
-/// What a program leaves behind, compared at once.
+/// What a process leaves behind.
 struct Run {
   std::string out;
   std::string err;
   int status = 0;  // the exit status, or minus the signal that ended it
-
-  bool operator==(const Run&) const = default;
-  friend void PrintTo(const Run& run, std::ostream* stream) {
-    *stream << "status " << run.status << "\n  out " << testing::PrintToString(run.out)
-            << "\n  err " << testing::PrintToString(run.err);
-  }
 };
 
 /// Runs `body` in a child process, which ends with it.
@@ -47,15 +39,19 @@ inline Run runChild(const std::function<void()>& body) {
           WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status)};
 }
 
-/// Runs words[0] with the other words, within so many bytes of address space.
-inline Run runProgram(const std::vector<std::string>& words, rlim_t addressSpace = RLIM_INFINITY) {
-  std::vector<char*> argv;
-  for (const std::string& word : words) argv.push_back(const_cast<char*>(word.c_str()));
-  argv.push_back(nullptr);
-  return runChild([&] {
-    const rlimit limit{addressSpace, addressSpace};
-    setrlimit(RLIMIT_AS, &limit);
-    execv(argv[0], argv.data());
+/// What a line of a shell, which finds $PROGRAM by its name, prints on both streams; its status.
+inline support::Words runLine(const std::string& line) {
+  const std::string script = "PATH=${PROGRAM%/*}:$PATH; " + line;
+  const Run run = runChild([&] {
+    execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
     _exit(127);
   });
+  return {run.out, run.err, std::to_string(run.status)};
+}
+
+/// Checks rows sh LINE = OUT ERR STATUS.
+inline void checkLines(const std::string& file) {
+  support::checkTable(file, {{"sh", [](const support::Row& row) {
+                                EXPECT_EQ(runLine(row.arguments.at(0)), row.results);
+                              }}});
 }

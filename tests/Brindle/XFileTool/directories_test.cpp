@@ -29,11 +29,7 @@ Effect deleted(const char* path) {
 }
 
 Effect exists(const Words& words) {
-  const std::string& path = words.at(0);
-  const std::wstring wide = widened(path);
-  const wchar_t* const widePath = path == "null" ? nullptr : wide.c_str();
-  return std::vector{xIsDirExist(pathOf(path)), xIsDirExist(path), xIsDirExist(widePath),
-                     xIsDirExist(wide)};
+  return asEachType([](auto path) { return xIsDirExist(path); }, words.at(0));
 }
 
 TEST_F(Directories, AreFoundCreatedAndDeletedAsTheTableSays) {

@@ -1,7 +1,6 @@
 #include "Brindle/XFileTool/loading.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -72,28 +71,5 @@ TEST_F(Loading, FillsWhatCannotBeReadWithZeros) {
   EXPECT_EQ(xReadWholeFile(path.c_str()), text + zeros);
   EXPECT_EQ(read(path, std::string(text.size() + 1, 'x')), text + 'x' + zeros.substr(1));
 }
-
-#ifndef __SANITIZE_ADDRESS__  // its allocator ends the program instead
-
-TEST_F(Loading, WithoutMemoryKeepsTheLengthOrThrows) {
-  const int sparse = memfd_create("sparse", 0);
-  const std::string path = "/proc/self/fd/" + std::to_string(sparse);
-  for (const int bits : {43, 48}) {
-    ASSERT_EQ(ftruncate(sparse, off_t{1} << bits), 0);
-    const auto limited = [&path](auto load) {
-      const Limit memory(RLIMIT_DATA, rlim_t{4} << 30);
-      return load(path);
-    };
-    EXPECT_EQ(effect([&] { return limited(loaded); }),
-              Effect("null, " + std::to_string(std::uint64_t{1} << bits)));
-    std::string contents = "previous";
-    const auto readInto = [&](auto& file) { return xReadWholeFile2(file.c_str(), contents); };
-    EXPECT_EQ(effect([&] { return limited(readInto); }), Effect("throws std::bad_alloc")) << bits;
-    EXPECT_EQ(contents, "previous") << bits;
-  }
-  close(sparse);
-}
-
-#endif
 
 }  // namespace

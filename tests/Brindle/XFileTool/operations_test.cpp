@@ -9,12 +9,12 @@
 #include "support/Bytes.h"
 #include "support/KnownLocales.h"
 
-std::vector<unsigned int> pauses;  // in microseconds
-
-/// Notes the pause instead of sleeping. In the third one another program empties a folder.
+/// Prints the pause instead of sleeping. In the third one another program empties a folder.
 extern "C" int usleep(useconds_t microseconds) {
-  pauses.push_back(microseconds);
-  return pauses.size() == 3 ? unlink("late/file") : 0;
+  static int pausesBesideFile = 0;
+  std::printf("(%u)", microseconds);
+  if (fs::exists("late/file") && ++pausesBesideFile % 3 == 0) fs::remove("late/file");
+  return 0;
 }
 
 namespace {
@@ -24,37 +24,25 @@ struct Operations : InScratchDir {
   Operations() { xErrSetOffsetBrindle(300); }
 };
 
-/// A result, and the pauses before it if any.
-template <class Result>
-Effect withPauses(const Result& result) {
-  const auto taken = std::exchange(pauses, {});
-  if (taken.empty()) return result;
-  return support::digits(result) + " after " + testing::PrintToString(taken);
-}
-
 Effect exists(const Words& words) {
-  std::string path = words.at(0);
-  std::wstring wide = widened(path);
-  const wchar_t* const widePath = path == "null" ? nullptr : wide.c_str();
-  return std::vector{xIsFileExist(pathOf(path)), xIsFileExist(path), xIsFileExist(widePath),
-                     xIsFileExist(wide)};
+  return asEachType([](auto path) { return xIsFileExist(path); }, words.at(0));
 }
 
 template <class Path>
 Effect deleteFile(const Path& path, const Words& words) {
-  return withPauses(xDeleteFile(path, std::stoi(words.at(1)), std::stoi(words.at(2))));
+  return xDeleteFile(path, std::stoi(words.at(1)), std::stoi(words.at(2)));
 }
 
 Effect deleteFiles(const Words& words) {
   std::list<std::string> files(words.begin(), words.end());
   xDeleteFiles(std::as_const(files));
-  const auto before = pauses.size();
+  std::printf("/");
   xDeleteFiles(files);
-  return withPauses(before);
+  return "nothing";
 }
 
 Effect copyFile(const Words& words) {
-  return withPauses(xFileCopy(pathOf(words.at(0)), pathOf(words.at(1)), flag(words.at(2))));
+  return xFileCopy(pathOf(words.at(0)), pathOf(words.at(1)), flag(words.at(2)));
 }
 
 Effect copyFolder(const Words& words) {
@@ -62,7 +50,7 @@ Effect copyFolder(const Words& words) {
 }
 
 Effect joinFiles(const Words& words) {
-  return withPauses(xConcatBinaryFiles({words.begin() + 1, words.end()}, words.at(0)));
+  return xConcatBinaryFiles({words.begin() + 1, words.end()}, words.at(0));
 }
 
 Effect writeFile(const Words& words) {

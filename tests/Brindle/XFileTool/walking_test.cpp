@@ -22,28 +22,29 @@ extern "C" int chdir(const char* path) noexcept {
 
 namespace {
 
-using namespace std::string_literals;
 using FileList = InScratchDir;
 
-struct Walking : InScratchDir {
-  ~Walking() override { release(); }
-  void release() {
+using Walking = InScratchDir;
+
+static_assert(WALK_ALL == 2);  // the table holds the other values
+
+/// An array of paths and what a walk makes of it.
+struct Walk {
+  ~Walk() {
     for (int i = 0; i < count; ++i) std::free(files[i]);
-    std::free(std::exchange(files, nullptr));
-    count = 0;
+    std::free(files);
   }
-  /// The array after a walk.
-  std::string walked(const char* path, int option = WALK_ALL, bool recursive = true) {
+  std::string operator()(const char* path, int option = WALK_ALL, bool recursive = true) {
     xDirWalking(path, files, count, FILE_WALKING_OPTION(option), recursive);
     return files == nullptr ? "null" : joined(Words(files, files + count));
   }
-  void expectAbort(const char* path, int option, bool recursive) {
-    EXPECT_EXIT(walked(path, option, recursive), testing::KilledBySignal(SIGABRT), "^$") << path;
-  }
-
   char** files = nullptr;
   int count = 0;
 };
+
+void expectAbort(const char* path, int option, bool recursive) {
+  EXPECT_EXIT(Walk()(path, option, recursive), testing::KilledBySignal(SIGABRT), "^$") << path;
+}
 
 std::string walking(const char* prefix, int option, bool recursive) {
   std::list<std::string> paths = {"kept"};
@@ -52,31 +53,27 @@ std::string walking(const char* prefix, int option, bool recursive) {
 }
 
 TEST_F(Walking, ListsWhatTheTableSays) {
-  const auto walkedAnew = [this](auto& words) {
-    release();
-    return walked(pathOf(words.at(0)), std::stoi(words.at(1)), flag(words.at(2)));
+  const auto walked = [](auto& words) {
+    return Walk()(pathOf(words.at(0)), std::stoi(words.at(1)), flag(words.at(2)));
   };
   const auto walkedHere = [](auto& words) {
     return walking(pathOf(words.at(0)), std::stoi(words.at(1)), flag(words.at(2)));
   };
   checkEffects(
       "walking.txt",
-      {{"xDirWalking", walkedAnew},
+      {{"xDirWalking", walked},
        {"xWalking", walkedHere},
        {"xGetFileList", [](auto& words) { return xGetFileList(words.at(0)); }},
        {"xGetFileList(wide)", [](auto& words) { return xGetFileList(widened(words.at(0))); }}});
 }
 
-TEST_F(Walking, HasOptionsOfPublishedValues) {
-  EXPECT_EQ((std::vector<int>{WALK_FILES, WALK_FOLDERS, WALK_ALL}), (std::vector{0, 1, 2}));
-}
-
 TEST_F(Walking, ReplacesTheArrayUnlessItFails) {
   tree("r/a/b, r/c");
-  EXPECT_EQ(walked("r"), "r/a, r/c, r/a/b");
-  EXPECT_EQ(effect([this] { return walked("missing"); }),
+  Walk walk;
+  EXPECT_EQ(walk("r"), "r/a, r/c, r/a/b");
+  EXPECT_EQ(effect([&] { return walk("missing"); }),
             Effect("r/a, r/c, r/a/b", "Error: cannot goto target directory!\n"));
-  EXPECT_EQ(walked(files[0]), "r/a/b");  // releases its own path
+  EXPECT_EQ(walk(walk.files[0]), "r/a/b");  // releases its own path
 }
 
 TEST_F(Walking, EndsInTheParentOfAFolderThatVanishes) {
@@ -92,19 +89,19 @@ TEST_F(Walking, NeedsAWorkingDirectoryThatHasAPathBelow255Bytes) {
   fs::current_path(home);
   Effect expected("null", "Error: cannot get current working directory!\n");
   expected.workingDirectory = home;
-  EXPECT_EQ(effect([this] { return walked("."); }), expected);
+  EXPECT_EQ(effect([] { return Walk()("."); }), expected);
   fs::remove(dir / home);
   expected.workingDirectory = "removed";
-  EXPECT_EQ(effect([this] { return walked("/"); }), expected);
+  EXPECT_EQ(effect([] { return Walk()("/"); }), expected);
 }
 
 TEST_F(Walking, AbortsAtPathsOf255Bytes) {
   const std::string longest(252, 'x');
   tree("d/" + longest + "/, f/" + longest);
-  EXPECT_EQ(walked("f"), "f/" + longest);
-  EXPECT_EQ(walked("d"), "d/" + longest);
-  EXPECT_EQ(walked("f/", WALK_FOLDERS), "");
-  EXPECT_EQ(walked("d/", WALK_FILES, false), "");
+  EXPECT_EQ(Walk()("f"), "f/" + longest);
+  EXPECT_EQ(Walk()("d"), "d/" + longest);
+  EXPECT_EQ(Walk()("f/", WALK_FOLDERS), "");
+  EXPECT_EQ(Walk()("d/", WALK_FILES, false), "");
   expectAbort("f/", WALK_ALL, false);
   expectAbort("d/", WALK_FILES, true);
 }
@@ -112,8 +109,8 @@ TEST_F(Walking, AbortsAtPathsOf255Bytes) {
 TEST_F(Walking, TakesASocketForAFolderAndAbortsThere) {
   fs::create_directory("s");
   ASSERT_EQ(mknod("s/socket", S_IFSOCK | 0600, 0), 0);
-  EXPECT_EQ(walked("s", WALK_FOLDERS, false), "s/socket");
-  EXPECT_EQ(walked("s", WALK_FILES, false), "");
+  EXPECT_EQ(Walk()("s", WALK_FOLDERS, false), "s/socket");
+  EXPECT_EQ(Walk()("s", WALK_FILES, false), "");
   expectAbort("s", WALK_FILES, true);
 }
 
@@ -135,10 +132,7 @@ TEST(WalkedEntries, AreCopiedByTheirLengthAndSortedByTheirDirectoryBit) {
   const std::string after(1 << 16, ' ');  // so that the list moves
   xAddFile(&list, list.entries);
   EXPECT_EQ(list.capacity, 64);
-  const auto head = [&list](int i) {
-    return std::string(reinterpret_cast<const char*>(&list.entries[i]), 24);
-  };
-  EXPECT_EQ(head(32), head(0));
+  EXPECT_EQ(list.entries[32].d_ino, 0U);  // which a released block would not keep
   for (int i = 0; i < 16; ++i) {
     const bool isFolder = (i & 4) != 0;
     EXPECT_EQ(std::string(list.entries[i].d_name, 256), "abcd" + std::string(252, '\0')) << i;
@@ -179,20 +173,15 @@ TEST_F(FileList, HoldsAllNamesOfAFolderInTheSystemsOrder) {
 }
 
 TEST_F(FileList, IsNotAskedFromTheUser) {
-  const auto ask = [](auto text) {
-    std::vector names = {text};
-    const bool isAnswered = xGetFileNames(text, text, names);
-    return std::tuple(isAnswered, text, names);
-  };
-  EXPECT_EQ(effect([&] { return ask("t"s); }),
-            Effect(std::tuple(false, "t"s, Words{"t"}), "Not supported!\n"));
-  EXPECT_EQ(effect([&] { return ask(L"t"s); }),
-            Effect(std::tuple(false, L"t"s, std::vector{L"t"s}), "Not supported!\n"));
-  std::string text = "t";
-  std::vector<Words> filters = {{"f"}};
+  std::string text;
+  std::wstring wide;
+  Words names;
+  std::vector<std::wstring> wideNames;
+  std::vector<Words> filters;
+  const Effect refused(false, "Not supported!\n");
+  EXPECT_EQ(effect([&] { return xGetFileNames(text, text, names); }), refused);
+  EXPECT_EQ(effect([&] { return xGetFileNames(wide, wide, wideNames); }), refused);
   EXPECT_EQ(xCPFileDialog(&text, text.data(), text.data(), filters, text.data(), 1), 0);
-  EXPECT_EQ(text, "t");
-  EXPECT_EQ(filters, std::vector<Words>{{"f"}});
 }
 
 using FileListLocale = KnownLocales;
