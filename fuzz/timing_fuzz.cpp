@@ -26,15 +26,13 @@ void checkMilliseconds(std::uint64_t ms) {
 /// Days, hours ... of a duration as text, each of so many digits, read back.
 void checkText(std::uint64_t ms) {
   const std::string text = msec2FormatedString(ms);
-  std::uint64_t sum = 0;
   std::size_t at = text.find(':');
   require(at >= 3 && (at == 3 || text[0] != '0'));
-  const std::uint64_t days = std::stoull(text.substr(0, at));
+  std::uint64_t sum = std::stoull(text.substr(0, at));  // days
   const struct {
     std::size_t digits;
     std::uint64_t below;
   } parts[] = {{2, 24}, {2, 60}, {2, 60}, {3, 1000}};
-  sum = days;
   for (const auto& [digits, below] : parts) {
     const std::string part = text.substr(at + 1, digits);
     require(text[at] == ':' && part.find_first_not_of("0123456789") == part.npos);
@@ -78,10 +76,11 @@ void checkUnits(std::uint64_t bytes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::uint64_t number = 0;
-  double duration = 0;
-  std::memcpy(&number, data, size < sizeof number ? size : sizeof number);
-  std::memcpy(&duration, &number, sizeof duration);
+  std::uint64_t number;
+  double duration;
+  if (size < sizeof number) return 0;
+  std::memcpy(&number, data, sizeof number);
+  std::memcpy(&duration, data, sizeof duration);
   checkMilliseconds(number);
   checkText(number);
   checkTicks(static_cast<std::int64_t>(number));
