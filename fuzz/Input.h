@@ -1,11 +1,16 @@
-// What targets take from their input: numbers, and blocks of memory at any alignment.
+// What targets take from their input: numbers, texts, and blocks of memory at any alignment.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
+
+inline void require(bool holds) {
+  if (!holds) std::abort();
+}
 
 inline void check(bool holds, const char* function, int width, int height) {
   if (holds) return;
@@ -32,6 +37,14 @@ class Input {
   int between(int first, int last) {
     const int twoBytes = next() << 8 | next();
     return first + twoBytes % (last - first + 1);
+  }
+
+  bool flag() { return next() % 2 == 1; }
+
+  std::string text(int shortest, int longest) {
+    std::string text(static_cast<std::size_t>(between(shortest, longest)), '\0');
+    for (char& character : text) character = static_cast<char>(next());
+    return text;
   }
 
   /// Of the bytes about one in `oneIn` may differ from 0.

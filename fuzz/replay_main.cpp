@@ -1,5 +1,5 @@
-// Stands in for a fuzzer: runs the target on all files of folders, then on 20,000 inputs that are
-// the same in every run: random bytes, and the files with some of their bytes changed.
+// Stands in for a fuzzer: runs the target on all files of folders, then on RANDOM_INPUTS inputs
+// that are the same in every run: random bytes, and the files with some of their bytes changed.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
   for (const auto& path : paths) corpus.push_back(readFile(path));
   for (const Input& input : corpus) runOn(input);
   std::mt19937 random(1);
-  for (int i = 0; i < 20'000; ++i) runOn(randomInput(random, corpus));
-  std::fprintf(stderr, "%zu files and 20000 random inputs replayed\n", corpus.size());
+  for (int i = 0; i < RANDOM_INPUTS; ++i) runOn(randomInput(random, corpus));
+  std::fprintf(stderr, "%zu files and %d random inputs replayed\n", corpus.size(), RANDOM_INPUTS);
   return 0;
 }
