@@ -20,8 +20,7 @@
 
 /// What checkTable() wants of a function; an overloaded one comes with its result's and its
 /// parameters' types.
-#define CALLS(function, ...) \
-  { #function, support::calls < __VA_ARGS__>(function) }
+#define CALLS(function, ...) std::pair(#function, support::calls<__VA_ARGS__>(function))
 
 namespace support {
 
@@ -31,7 +30,10 @@ T parsed(const std::string& word) {
     return word;
   } else if constexpr (std::is_floating_point_v<T>) {
     return static_cast<T>(number(word));
-  } else if constexpr (std::is_same_v<T, bool> || std::is_enum_v<T>) {
+  } else if constexpr (std::is_same_v<T, bool>) {
+    if (word != "0" && word != "1") throw std::invalid_argument("neither 0 nor 1: " + word);
+    return word == "1";
+  } else if constexpr (std::is_enum_v<T>) {
     return static_cast<T>(parsed<int>(word));
   } else {
     T value{};
@@ -44,29 +46,21 @@ T parsed(const std::string& word) {
   }
 }
 
-/// What a parameter's type is made of: texts or numbers.
+/// Of what a parameter of type P is made: texts or numbers.
 template <class P>
-struct ElementOf {
-  using type = P;
-};
-template <>
-struct ElementOf<char> {
-  using type = std::string;
-};
-template <>
-struct ElementOf<bool> {
-  using type = int;
-};
-template <class P>
-struct ElementOf<P&> : ElementOf<std::remove_const_t<P>> {};
-template <class P>
-struct ElementOf<P*> : ElementOf<std::remove_const_t<P>> {};
-template <class P, std::size_t kSize>
-struct ElementOf<P[kSize]> : ElementOf<P> {};
-template <class P>
-struct ElementOf<std::list<P>> : ElementOf<P> {};
-template <class P>
-struct ElementOf<std::vector<P>> : ElementOf<P> {};
+auto elementOf() {
+  using Pointee = std::remove_cvref_t<std::remove_pointer_t<std::remove_reference_t<P>>>;
+  using Number = std::remove_all_extents_t<std::remove_pointer_t<Pointee>>;
+  if constexpr (std::is_same_v<Number, bool>) {
+    return int{};  // of which a vector is an array
+  } else if constexpr (std::is_same_v<Number, char> || std::is_same_v<Number, std::string>) {
+    return std::string();
+  } else if constexpr (std::is_class_v<Number>) {
+    return typename Number::value_type{};
+  } else {
+    return Number{};
+  }
+}
 
 template <class T>
 const T kGuard = static_cast<T>(sizeof(T) > 1 ? 4321 : 77);
@@ -84,7 +78,7 @@ struct Reading {
 /// written to; what only is read ends with its memory, so that a sanitizer sees a look past it.
 template <class P>
 class Argument {
-  using T = typename ElementOf<P>::type;
+  using T = decltype(elementOf<P>());
   using Value = std::remove_reference_t<P>;
   using Pointee = std::remove_cv_t<std::remove_pointer_t<Value>>;
   static constexpr bool kIsContainer = std::is_class_v<Pointee> && !std::is_same_v<Pointee, T>;
