@@ -1,10 +1,13 @@
 // Sorting with an index, on random input against std::sort of pairs and on other input against the
 // plain partitioning; sorting bytes against ten lists. Every time includes copying the input.
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <list>
 #include <numeric>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "Brindle/utility/sorting.h"
 #include "ratio.h"
@@ -83,6 +86,21 @@ void otherInput(const std::string& name, double (*element)(int)) {
     return pairs;
   };
   bench::pair("quickSort/" + name + "/10000", fast, plain, [=] { return fast() == plain(); });
+}
+
+/// At most `passes` passes by decimal digit over ten lists. The values must not be negative.
+template <class T>
+void plainRadixSort(std::vector<T>& values, int passes) {
+  bool isFinished = false;
+  for (long divisor = 1; passes > 0 && !isFinished; --passes, divisor *= 10) {
+    std::array<std::list<T>, 10> buckets;
+    for (const T x : values) buckets[static_cast<std::size_t>(x / divisor % 10)].push_back(x);
+    auto place = values.begin();
+    for (const std::list<T>& bucket : buckets) {
+      isFinished |= bucket.size() == values.size();
+      for (const T x : bucket) *place++ = x;
+    }
+  }
 }
 
 void bytes(const std::string& name, std::size_t n) {

@@ -151,7 +151,8 @@ def BGR2WeightedFeature(b, g, r, kind):
     return l + 1000.0 if is_dull else l, *ab
 
 
-def weightedFeature2BGR(x, y, z, kind, *out):
+def weightedFeature2BGR(x, y, z, *out_and_kind):
+    *out, kind = out_and_kind
     if kind not in (0, 1, 2, 3):
         return *BGR2Lab(*out), *out
     x = x - 1000.0 if kind == 1 and x > 700 else x
@@ -244,7 +245,7 @@ def LabCap(*lab):
 
 def compute(row):
     words, _, given = row.partition(" =")
-    function, *arguments = words.split()
+    function, *arguments = words.replace(" ?", "").replace(">", "").replace(",", " ").split()
     arguments = [Number(x) for x in arguments]
     results = [Number(x) for x in globals()[function](*arguments)]
     scale = max(1.0, *(abs(x) for x in (*arguments, *results) if x == x))
@@ -252,10 +253,11 @@ def compute(row):
         if x == x and abs(x.exact - x) > ROUNDING * scale:
             sys.exit(f"{row}\nis {float(x)!r}, without rounding {mp.nstr(x.exact, 20)}")
     if function.startswith("published"):
-        if [f"{x:.4f}" for x in results] != given.split():
+        if [f"{x:.4f}" for x in results] != given.strip().split(","):
             sys.exit(f"{row}\nis {results}")
         return row
-    return f"{words} = " + " ".join(repr(float(x)).removesuffix(".0") for x in results)
+    numbers = [repr(float(x)).removesuffix(".0") for x in results]
+    return f"{words} = " + " ".join(",".join(numbers[i:i + 3]) for i in range(0, len(numbers), 3))
 
 
 for path in sys.argv[1:]:

@@ -1,17 +1,15 @@
 #include "reference/PlainComparison.h"
 
 #include <array>
+#include <bit>
 
 namespace {
 
-constexpr std::array<int, 256> makeBitCounts() {
+constexpr std::array kBitCounts = [] {
   std::array<int, 256> counts{};
-  for (std::size_t i = 1; i < counts.size(); ++i) {
-    counts[i] = counts[i / 2] + static_cast<int>(i % 2);
-  }
+  for (unsigned int i = 0; i < counts.size(); ++i) counts[i] = std::popcount(i);
   return counts;
-}
-constexpr std::array<int, 256> kBitCounts = makeBitCounts();
+}();
 
 }  // namespace
 

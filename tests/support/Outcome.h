@@ -12,8 +12,6 @@ template <class Result>
 struct Outcome {
   Outcome(Result returned, std::string text)
       : result(std::move(returned)), printed(std::move(text)) {}
-  // for the tests that still pair
-  Outcome(const std::pair<Result, std::string>& both) : Outcome(both.first, both.second) {}
 
   Result result;
   std::string printed;

@@ -4,24 +4,24 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
+#include <algorithm>
 #include <cmath>
 #include <concepts>
-#include <cstdint>
 #include <cstdio>
+#include <limits>
 #include <ranges>
 #include <string>
 
 namespace support {
 
-/// 17 digits and the bits of a double, 9 of a float; anything else as GoogleTest prints it.
+/// All digits (17 of a double, 9 of a float) and the bits of a number; anything else as GoogleTest
+/// prints it.
 template <class T>
 std::string digits(const T& value) {
   char text[80];
-  if constexpr (std::same_as<T, double>) {
-    std::snprintf(text, sizeof text, "%.17g (%a)", value, value);
-  } else if constexpr (std::same_as<T, float>) {
-    std::snprintf(text, sizeof text, "%.9g (%a)", double{value}, double{value});
+  if constexpr (std::floating_point<T>) {
+    constexpr int kDigits = std::numeric_limits<T>::max_digits10;
+    std::snprintf(text, sizeof text, "%.*g (%a)", kDigits, double{value}, double{value});
   } else if constexpr (std::same_as<T, unsigned char>) {
     std::snprintf(text, sizeof text, "%d (0x%02x)", value, value);
   } else {
@@ -33,10 +33,8 @@ std::string digits(const T& value) {
 /// Floating-point numbers have the same bits, or are both NaN; anything else is equal.
 template <class T>
 bool isSame(const T& a, const T& b) {
-  if constexpr (std::same_as<T, double>) {
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (a != a && b != b);
-  } else if constexpr (std::same_as<T, float>) {
-    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b) || (a != a && b != b);
+  if constexpr (std::floating_point<T>) {
+    return a == b ? std::signbit(a) == std::signbit(b) : a != a && b != b;
   } else {
     return a == b;
   }
@@ -46,19 +44,16 @@ template <class T>
 testing::AssertionResult same(const char* computedText, const char*, const T& computed,
                               const T& expected) {
   if constexpr (std::ranges::range<T> && !std::convertible_to<T, std::string>) {
-    auto at = computed.begin();
-    auto wanted = expected.begin();
-    std::size_t place = 0;
-    for (; at != computed.end() && wanted != expected.end(); ++at, ++wanted, ++place) {
-      if (isSame(*at, *wanted)) continue;
-      return testing::AssertionFailure()
-             << computedText << "\n  at [" << place << "] is " << digits(*at) << "\n  and not "
-             << digits(*wanted) << "\n  whole: " << testing::PrintToString(computed);
-    }
+    using Element = std::ranges::range_value_t<T>;
+    const auto [at, wanted] = std::ranges::mismatch(computed, expected, isSame<Element>);
     if (at == computed.end() && wanted == expected.end()) return testing::AssertionSuccess();
+    const auto shown = [](auto place, auto end) {
+      return place == end ? "its end" : digits(*place);
+    };
     return testing::AssertionFailure()
-           << computedText << "\n  has " << std::ranges::distance(computed) << " elements and not "
-           << std::ranges::distance(expected) << ": " << testing::PrintToString(computed);
+           << computedText << "\n  at [" << std::distance(computed.begin(), at) << "] is "
+           << shown(at, computed.end()) << "\n  and not " << shown(wanted, expected.end())
+           << "\n  whole: " << testing::PrintToString(computed);
   } else {
     if (isSame(computed, expected)) return testing::AssertionSuccess();
     return testing::AssertionFailure()

@@ -1,45 +1,26 @@
 #include "Brindle/utility/colourDifference.h"
 
-#include <algorithm>
 #include <cmath>
 
-#include "support/Table.h"
+#include "support/Call.h"
 
 namespace {
 
-using support::givesNumbers;
-
-auto givesDifference(double (*difference)(double*, double*)) {
-  return givesNumbers([=](double* in, double* out) { *out = difference(in, in + 3); });
-}
-
-double ofLab(double* one, double* two) {
+double CIEDE2000ofLab(double* one, double* two) {
   return CIEDE2000({one[0], one[1], one[2]}, {two[0], two[1], two[2]});
 }
 
 /// In both orders, to four decimals.
-void published(double* in, double* out) {
-  out[0] = std::round(ofLab(in, in + 3) * 1e4) / 1e4;
-  out[1] = std::round(ofLab(in + 3, in) * 1e4) / 1e4;
-}
-
-void capped(double* in, double* out) {
-  std::copy_n(in, 3, out);
-  LabCap(out);
+void publishedCIEDE2000(double* one, double* two, double* differences) {
+  differences[0] = std::round(CIEDE2000ofLab(one, two) * 1e4) / 1e4;
+  differences[1] = std::round(CIEDE2000ofLab(two, one) * 1e4) / 1e4;
 }
 
 TEST(ColourDifference, GivesTheBitsOfTheTable) {
   support::checkTable("colour-difference.txt",
-                      {
-                          {"CIEDeltaE76", givesDifference(CIEDeltaE76)},
-                          {"CIEDeltaE94", givesDifference(CIEDeltaE94)},
-                          {"CIEDeltaE2000", givesDifference(CIEDeltaE2000)},
-                          {"CIEDE2000", givesDifference(CIEDE2000)},
-                          {"CIEDE2000ofLab", givesDifference(ofLab)},
-                          {"publishedCIEDE2000", givesNumbers(published)},
-                          {"myDeltaE", givesDifference(myDeltaE)},
-                          {"LabCap", givesNumbers(capped)},
-                      });
+                      {CALLS(CIEDeltaE76), CALLS(CIEDeltaE94), CALLS(CIEDeltaE2000),
+                       CALLS(CIEDE2000, double, double*, double*), CALLS(CIEDE2000ofLab),
+                       CALLS(publishedCIEDE2000), CALLS(myDeltaE), CALLS(LabCap)});
 }
 
 }  // namespace

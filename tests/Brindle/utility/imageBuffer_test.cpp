@@ -1,26 +1,15 @@
 #include "Brindle/utility/imageBuffer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <climits>
 
-#include "support/Pixels.h"
+#include "support/Call.h"
 
 namespace {
 
-using support::checkTable;
-using support::givesPixels;
-using support::PixelRow;
-
-long copy(PixelRow& row) {
-  return copyImageAnywhere(row.bytes(0), row[0], row[1], row[2], row[3], row[4], row[5], row[6],
-                           row[7], row.bytes(2), row[8], row[9], row[10], row[11], row[12],
-                           row[13] != 0, row.bytes(1), row[14]);
-}
+using Bytes = std::vector<unsigned char>;
 
 TEST(ImageCopy, ClipsAndMasksAsInTheTable) {
-  checkTable("image-copy.txt", {{"copyImageAnywhere", givesPixels(copy)}});
+  support::checkTable("image-copy.txt", {CALLS(copyImageAnywhere)});
 }
 
 TEST(ImageCopy, StaysInTheImagesForTheLargestNumbers) {
@@ -36,29 +25,16 @@ TEST(ImageCopy, StaysInTheImagesForTheLargestNumbers) {
   }
 }
 
-long flip(PixelRow& row) {
-  unsigned char* target = row.bytes(1);
-  return xImageUpsideDown(row.bytes(0), row[0], row[1], row[2], target);
-}
-
 TEST(ImageFlip, ReversesRowsButForOneInPlace) {
-  checkTable("image-flip.txt", {{"xImageUpsideDown", givesPixels(flip)}});
-}
-
-template <int (*call)(const unsigned char*, int, int, int, int, unsigned char*&)>
-long rewrite(PixelRow& row) {
-  unsigned char* target = row.bytes(1);
-  return call(row.bytes(0), row[0], row[1], row[2], row[3], target);
+  support::checkTable("image-flip.txt", {CALLS(xImageUpsideDown)});
 }
 
 TEST(ImageSwap, CopiesWhereTheFirstByteDiffers) {
-  checkTable("image-swap.txt",
-             {{"xSwapImageDataOrder", givesPixels(rewrite<xSwapImageDataOrder>)}});
+  support::checkTable("image-swap.txt", {CALLS(xSwapImageDataOrder)});
 }
 
 TEST(ImageTruncation, KeepsThePixelsOfEachRow) {
-  checkTable("image-truncation.txt",
-             {{"xTruncateImagePadding", givesPixels(rewrite<xTruncateImagePadding>)}});
+  support::checkTable("image-truncation.txt", {CALLS(xTruncateImagePadding)});
 }
 
 }  // namespace

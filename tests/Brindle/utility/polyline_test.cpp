@@ -5,7 +5,6 @@
 
 #include "reference/PlainGeometry.h"
 #include "support/Call.h"
-#include "support/Outcome.h"
 
 namespace {
 
@@ -20,22 +19,12 @@ Points pointsOf(const Floats& coordinates) {
   return points;
 }
 
-/// What a call prints, or "done".
-template <class Call>
-std::string reported(const Call& call) {
-  const auto [isDone, printed] = outcome(call);
-  return isDone ? printed + "done" : printed;
+bool angleOf(const Floats& points, Floats& angles, bool normalize, int radius, int iterations) {
+  return polylineAngle(pointsOf(points), angles, normalize, radius, iterations);
 }
 
-std::string angleOf(const Floats& points, Floats& angles, bool normalize, int radius,
-                    int iterations) {
-  return reported(
-      [&] { return polylineAngle(pointsOf(points), angles, normalize, radius, iterations); });
-}
-
-std::string curvatureOf(const Floats& points, Floats& curvature, int radius, int iterations) {
-  return reported(
-      [&] { return polylineToCurvature(pointsOf(points), curvature, radius, iterations); });
+bool curvatureOf(const Floats& points, Floats& curvature, int radius, int iterations) {
+  return polylineToCurvature(pointsOf(points), curvature, radius, iterations);
 }
 
 TEST(Polyline, KeepsEveryBitOfSinglePrecision) {

@@ -11,12 +11,10 @@
 
 #include "reference/PlainNumerics.h"
 #include "support/Call.h"
-#include "support/Outcome.h"
 
 namespace {
 
 using support::Row;
-using Byte = unsigned char;
 
 enum Kind { kAscending, kAscendingPairs, kDescending, kDescendingPairs, kRaisedEnd, kKinds = 14 };
 
@@ -82,33 +80,8 @@ TEST(QuickSort, NeedsLittleTimeForSortedInputAndLittleStackForAny) {
   pthread_attr_destroy(&smallStack);
 }
 
-template <auto sort, class T>
-std::string printedBy(std::vector<T>& values) {
-  testing::internal::CaptureStdout();
-  sort(values.data(), static_cast<int>(values.size()));
-  return testing::internal::GetCapturedStdout();
-}
-
 TEST(RadixSort, PrintsEachPassAndStopsWhenADigitIsShared) {
-  support::checkTable("radix-sort.txt",
-                      {{"radixSort", support::calls(printedBy<radixSort, int>)},
-                       {"radixSortUChar", support::calls(printedBy<radixSortUChar, Byte>)}});
-}
-
-TEST(RadixSort, LeavesBytesAsListsDo) {
-  std::mt19937 engine(5);
-  for (int round = 0; round < 400; ++round) {
-    std::vector<Byte> bytes(1 + engine() % (round % 2 == 0 ? 4 : 300));
-    for (Byte& byte : bytes) {  // in some rounds all of them share their ones or their tens
-      const auto random = engine();
-      const auto ofKind = {random, random % 26 * 10, random / 9 % 3 * 100 + 40 + random % 10};
-      byte = static_cast<Byte>(ofKind.begin()[round % 3]);
-    }
-    std::vector<Byte> expected = bytes;
-    plainRadixSort(expected, 3);
-    EXPECT_SAME(printedBy<radixSortUChar>(bytes), std::string());
-    EXPECT_SAME(bytes, expected) << "round " << round;
-  }
+  support::checkTable("radix-sort.txt", {CALLS(radixSort), CALLS(radixSortUChar)});
 }
 
 sigjmp_buf afterEndless;

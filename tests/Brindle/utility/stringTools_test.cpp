@@ -1,30 +1,20 @@
 #include "Brindle/utility/stringTools.h"
 
-#include "support/Table.h"
+#include "support/Call.h"
 
 namespace {
 
-using support::Row;
+/// Each piece in brackets.
+std::string pieces(std::string text, const char* delimiters) {
+  std::string all;
+  for (const std::string& piece : stringTokenizer(text, delimiters)) all += '[' + piece + ']';
+  return all;
+}
 
 TEST(StringTools, GiveTheStringsOfTheTable) {
-  const auto replaces = [](const Row& row) {
-    std::string text = row.arguments.at(0);
-    replaceSubString(text, row.arguments.at(1), row.arguments.at(2));
-    EXPECT_SAME(text, row.results.at(0));
-  };
-  const auto splits = [](const Row& row) {
-    const std::string& delimiters = row.arguments.at(1);
-    EXPECT_SAME(
-        stringTokenizer(row.arguments.at(0), delimiters == "null" ? nullptr : delimiters.c_str()),
-        row.results);
-  };
-  const auto takesLast = [](const Row& row) {
-    EXPECT_SAME(getPathLastName(row.arguments.at(0)), row.results.at(0));
-  };
-  support::checkTable("string-tools.txt", {{"replaceSubString", replaces},
-                                           {"stringTokenizer", splits},
-
-                                           {"getPathLastName", takesLast}});
+  support::checkTable("string-tools.txt", {CALLS(replaceSubString),
+                                           {"stringTokenizer", support::calls(pieces)},
+                                           CALLS(getPathLastName)});
 }
 
 }  // namespace
