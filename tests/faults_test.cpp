@@ -313,9 +313,9 @@ struct Faults : InScratchDir {
     for (which = 0;; ++which) {
       const std::string found = outcome(call);
       if (found.empty()) break;
-      EXPECT_SAME(found, row.results.at(std::min(which, last))) << row.text << " at " << which;
+      EXPECT_SAME(found, row.results.at(std::min(which, last))) << "failure " << which;
     }
-    EXPECT_GT(which, last) << row.text << " has fewer failures";
+    EXPECT_GT(which, last) << "there are fewer failures";
   }
 };
 
