@@ -20,9 +20,9 @@ TEST(StringConversion, StopsAtWhatTheLocaleRefusesAndKeepsTwoBytesForEachCharact
   const std::pair<std::wstring, std::string> toNarrow[] = {
       {L"", ""},
       {L"é ñ", "é ñ"},
-      {L"漢字", "漢"},        // 5 bytes of room for 6
-      {L"漢", "漢"},          // 3 of room for 3: full, without a terminator
-      {L"\U0001F600", ""},    // 3 for 4
+      {L"漢字", "漢"},      // 5 bytes of room for 6
+      {L"漢", "漢"},        // 3 of room for 3: full, without a terminator
+      {L"\U0001F600", ""},  // 3 for 4
       {std::wstring(L"a\0b", 3), "a"},
   };
   for (const auto& [wide, narrow] : toNarrow) EXPECT_EQ(wstr2str(wide, kUtf8), narrow);
