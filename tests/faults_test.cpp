@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <functional>
@@ -22,9 +23,11 @@
 
 #include "Brindle/XFileTool.h"
 #include "Brindle/utility.h"
+#include "FeatureReader.h"
 #include "ORV_Search.h"
 #include "search/comparison.h"
 #include "search/streams.h"
+#include "support/Bitstream.h"
 #include "support/InScratchDir.h"
 #include "support/Program.h"
 
@@ -181,10 +184,18 @@ struct State {
 
   std::map<std::string, std::string> values() const {
     const auto isNull = [](const void* pointer) { return pointer == nullptr ? "null" : "a block"; };
-    return {{"block", isNull(block)}, {"length", PrintToString(length)},
-            {"mean", isNull(mean)},   {"sd", PrintToString(sd)},
-            {"text", text},           {"paths", PrintToString(paths)},
-            {"files", isNull(files)}, {"count", PrintToString(count)}};
+    return {{"block", isNull(block)},
+            {"length", PrintToString(length)},
+            {"mean", isNull(mean)},
+            {"sd", PrintToString(sd)},
+            {"text", text},
+            {"paths", PrintToString(paths)},
+            {"files", isNull(files)},
+            {"count", PrintToString(count)},
+            {"xs", PrintToString(xs)},
+            {"ys", PrintToString(ys)},
+            {"indices", PrintToString(indices)},
+            {"floats", PrintToString(floats)}};
   }
 
   unsigned char* block = static_cast<unsigned char*>(std::malloc(1));
@@ -193,6 +204,10 @@ struct State {
   float one = 1, sd = 7;
   std::string text = "before";
   std::vector<unsigned char> bytes = {215, 212, 218, 212, 215, 212, 218, 212, 215};
+  std::vector<int> numbers = {512, 7, 33, 4096};
+  std::vector<float> floats = {7};
+  std::list<double> xs, ys;
+  std::list<int> indices = {7};
   ORV_Match matches[2];
   std::list<std::string> paths;
   char** files = nullptr;
@@ -249,7 +264,33 @@ void print(State&) {
   output.finish();
 }
 
+double determinant(State&) {
+  std::array<std::array<double, 10>, 10> matrix{};
+  std::array<double*, 10> rows;
+  for (std::size_t i = 0; i < 10; ++i) {
+    matrix[i][i] = 2.0;
+    rows[i] = matrix[i].data();
+  }
+  return matrixDet(rows.data(), 10);
+}
+
+bool cross(State& state) {
+  double square[] = {0, 0, 4, 0, 4, 4, 0, 4}, other[] = {1, 1, 6, 1, 6, 2, 1, 2};
+  return polygonIntersect2D(square, 4, other, 4, &state.xs, &state.ys);
+}
+
+void findBigAngles(State& state) {
+  double arrow[] = {0, 0, 2, 1, 4, 0, 3, 2, 4, 4, 2, 3, 0, 4};
+  getBigAngleIndices2DPolygon(state.indices, arrow, 7, false);
+}
+
+const std::vector<Point2Df> kLine(4, {1, 2});
+
 const std::map<std::string, Call> kCalls = {
+    {"FeatureReader::read", call([](auto&) {
+       const std::string query = bitstreamHeader(7, 1) + frame("feature");
+       return FeatureReader().read(query.data(), static_cast<int>(query.size()), 7).size();
+     })},
     {"ORV_Nearest",
      call([](auto& s) { return ORV_Nearest("a", 1, "abc", 3, 1, 2, 1, s.matches); })},
     {"VorquellSearch", call(searchFiles)},
@@ -275,6 +316,14 @@ const std::map<std::string, Call> kCalls = {
     {"findMeanAndSD", call([](auto& s) { return findMeanAndSD(&s.one, 1, 1, s.mean, s.sd); })},
     {"byte2BitData", call([](auto& s) { byte2BitData(s.bytes.data(), 3, 3, s.block, s.length); })},
     {"erosion", call([](auto& s) { return erosion(s.bytes.data(), 3, 3); })},
+    {"matrixDet", call(determinant)},
+    {"polygonIntersect2D", call(cross)},
+    {"getBigAngleIndices2DPolygon", call(findBigAngles)},
+    {"polylineAngle", call([](auto& s) { return polylineAngle(kLine, s.floats, true, 2, 2); })},
+    {"polylineToCurvature",
+     call([](auto& s) { return polylineToCurvature(kLine, s.floats, 2, 2); })},
+    {"radixSort", call([](auto& s) { radixSort(s.numbers.data(), 4); })},
+    {"radixSortUChar", call([](auto& s) { radixSortUChar(s.bytes.data(), 3); })},
 };
 
 const std::map<std::string, int> kErrors = {{"ENOMEM", ENOMEM}, {"EINTR", EINTR},
@@ -325,6 +374,17 @@ TEST_F(Faults, HaveTheOutcomeOfTheTable) {
     checks[name] = [this, call = call](const support::Row& row) { check(call, row); };
   }
   support::checkTable("faults.txt", checks);
+}
+
+TEST_F(Faults, ElsewhereLeaveNothingOverWhenACallIsRepeated) {
+  tree(kTree);
+  State state;
+  xDirWalking("folder", state.files, state.count, WALK_ALL, true);
+  const long before = live;
+  xDirWalking("folder", state.files, state.count, WALK_ALL, true);
+  EXPECT_EQ(live, before) << "after xDirWalking";
+  findMeanAndSD(&state.one, 1, 1, state.mean, state.sd);
+  EXPECT_EQ(live, before) << "after findMeanAndSD";
 }
 
 }  // namespace
