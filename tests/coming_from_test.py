@@ -23,7 +23,6 @@ def call(name, *arguments, gives=ctypes.c_int):
 def real(*arguments): return call(*arguments, gives=ctypes.c_double)
 def true(*arguments): return call(*arguments, gives=ctypes.c_bool)
 def text(*arguments): return call(*arguments, gives=ctypes.c_char_p).decode()
-def filled(array, name, *arguments): return (call(name, *arguments, array), array)[1]
 def mine(name, colours): return [filled(np.empty(3), name, colour.copy()) for colour in colours]
 def pairs(name): return [real(name, *pair.copy()) for pair in BGR.reshape(-1, 2, 3)]
 def cvt(code, colours, kind=np.float32): return cv2.cvtColor(kind(colours)[None], code)[0]
@@ -34,6 +33,11 @@ def sh(command): return subprocess.run(command, shell=True, capture_output=True,
 def rows(matrix): return (ctypes.c_void_p * len(matrix))(*(row.ctypes.data for row in matrix))
 def fresh(): sh("rm -rf *; mkdir -p t/b/c out; echo x > t/f; echo y > g; chmod 755 g; "
                 "touch empty out/kept; ln -s ../../../out t/b/c/link")
+
+
+def filled(array, name, *arguments):
+    call(name, *arguments, array)
+    return array
 
 
 def turned(name, *sizes):
@@ -85,11 +89,13 @@ DATA = np.float32(rng.random((9, 3)))
 def libraries():
     copied, packs = [columns_from(x) for x in (0, 2)], [packed(mask) for mask in (BLOB, MASK)]
     blob, full, inverse = BLOB.copy(), FULL.copy(), np.ones((2, 2))
-    call("erosion", blob, 20, 20), call("erosion", full, 9, 9)
+    call("erosion", blob, 20, 20)
+    call("erosion", full, 9, 9)
     inside = [true("pointInPolygon2D", SQUARE.astype(float), 4, np.float64(p), 1) for p in SIDES]
     hull = filled(np.zeros(12, np.int32), "chainHull_2D", POINTS, 5)
     index, score = np.arange(50, dtype=np.int32), real("calculateScores", A, B, 64)
-    call("quickSort", VALUES.copy(), index, 50), call("matrixInv2D", rows(SMALL), rows(inverse))
+    call("quickSort", VALUES.copy(), index, 50)
+    call("matrixInv2D", rows(SMALL), rows(inverse))
     mapped = [filled(np.zeros(1, np.float32), "mapValue", *np.float32([0, 1, x, 2, 4]))
               for x in (.25, 2)]
     return {
