@@ -289,7 +289,7 @@ const std::vector<Point2Df> kLine(4, {1, 2});
 const std::map<std::string, Call> kCalls = {
     {"FeatureReader::read", call([](auto&) {
        const std::string query = bitstreamHeader(7, 1) + frame("feature");
-       return FeatureReader().read(query.data(), static_cast<int>(query.size()), 7).size();
+       return FeatureReader().read(query.data(), static_cast<unsigned int>(query.size()), 7).size();
      })},
     {"ORV_Nearest",
      call([](auto& s) { return ORV_Nearest("a", 1, "abc", 3, 1, 2, 1, s.matches); })},
