@@ -37,7 +37,7 @@ void waitFor(int waitMs) {
 bool writeFile(const char* path, const unsigned char* bytes, std::uint64_t size) {
   const FileHandle file(std::fopen(orEmpty(path), "wbe"));
   if (!file) return false;
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);  // so that fwrite() learns the fate of every byte
+  std::setbuf(file.get(), nullptr);  // so that fwrite() learns the fate of every byte
   return std::fwrite(bytes, size, 1, file.get()) == 1;
 }
 
