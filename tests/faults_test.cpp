@@ -15,6 +15,7 @@
 #include <iostream>
 #include <list>
 #include <map>
+#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -297,6 +298,11 @@ const std::map<std::string, Call> kCalls = {
     {"VorquellSearch(output)", call(print)},
     {"xLoadBinFile", call(load)},
     {"xReadWholeFile2", call([](auto& s) { return xReadWholeFile2("small", s.text); })},
+    {"xGetFileExtension", call([](auto&) {
+       const std::unique_ptr<char, decltype(&std::free)> text(xGetFileExtension("a.txt"),
+                                                              std::free);
+       return text == nullptr ? "null" : text.get();
+     })},
     {"xIsDirExist(wide)", call([](auto&) { return xIsDirExist(L"folder"); })},
     {"xCreateNestedDir", call([](auto&) { return xCreateNestedDir("folder/new/b", 0); })},
     {"xDeleteDir", call([](auto&) { return xDeleteDir("folder") == 0 ? 0 : errno; })},
