@@ -41,12 +41,12 @@ TEST(MaskUnpacking, ClipsAtTheRightEdgeAndRefusesSilently) {
 
 TEST(MaskUnpacking, CountsRowBytesInSinglePrecision) {
   constexpr int kWidth = (1 << 24) + 1;  // 2^24 as a float: rows are 2^21 bytes apart
-  Bytes packed(2 << 21), out(2), wide(kWidth, 7);
+  Bytes packed(2 << 21), out(2), wide(2 * kWidth, 7);
   packed[1 << 21] = 0x80;
   bitData2Byte(packed.data(), kWidth, 2, out.data(), 1, 2, 0, 0, false);
-  bitData2Byte(packed.data(), kWidth, 1, wide.data(), kWidth, 1, 0, 0, false);
+  bitData2Byte(packed.data(), kWidth, 2, wide.data(), kWidth, 2, 0, 0, false);
   EXPECT_SAME(out, Bytes({0, 255}));
-  EXPECT_EQ(wide.back(), 0);
+  EXPECT_SAME(Bytes({wide[kWidth - 1], wide.back()}), Bytes({0, 0}));
 }
 
 TEST(MaskOverlap, LooksAtSetPixelsOnTheCanvas) {
