@@ -301,7 +301,7 @@ const std::map<std::string, Call> kCalls = {
     {"xGetFileExtension", call([](auto&) {
        const std::unique_ptr<char, decltype(&std::free)> text(xGetFileExtension("a.txt"),
                                                               std::free);
-       return text == nullptr ? "null" : text.get();
+       return std::string(text == nullptr ? "null" : text.get());
      })},
     {"xIsDirExist(wide)", call([](auto&) { return xIsDirExist(L"folder"); })},
     {"xCreateNestedDir", call([](auto&) { return xCreateNestedDir("folder/new/b", 0); })},
