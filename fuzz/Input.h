@@ -1,4 +1,5 @@
-// What targets take from their input: numbers, texts, and blocks of memory at any alignment.
+// What targets require, and what they take from their input: numbers, texts, and blocks of memory
+// at any alignment.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +9,11 @@
 #include <string>
 #include <vector>
 
-inline void require(bool holds) {
-  if (!holds) std::abort();
+/// Ends the process where something does not hold, with its place.
+inline void require(bool holds, const char* file = __builtin_FILE(), int line = __builtin_LINE()) {
+  if (holds) return;
+  std::fprintf(stderr, "%s:%d does not hold\n", file, line);
+  std::abort();
 }
 
 inline void check(bool holds, const char* function, int width, int height) {

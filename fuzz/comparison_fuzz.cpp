@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "FeatureReader.h"
+#include "Input.h"
 #include "ORV_CompareFeatures.h"
 
 namespace {
@@ -36,6 +37,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int result =
       ORV_CompareFeatures(target.get(), static_cast<unsigned int>(targetSize), query.get(),
                           static_cast<unsigned int>(querySize), &distance);
-  if (result == 0 && !(distance >= 0.0 && distance <= 1.0)) std::abort();
+  require(result != 0 || (distance >= 0.0 && distance <= 1.0));
   return 0;
 }

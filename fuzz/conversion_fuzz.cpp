@@ -7,14 +7,11 @@
 
 #include "Brindle/XTypeConvertTool.h"
 #include "Brindle/utility/stringConversion.h"
+#include "Input.h"
 
 namespace {
 
 constexpr char kLocale[] = "C.UTF-8";
-
-void check(bool holds) {
-  if (!holds) std::abort();
-}
 
 }  // namespace
 
@@ -24,17 +21,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text(data, data + size);
   const std::wstring wide = str2wstr(text, kLocale);
   const std::string narrow = wstr2str(wide, kLocale);
-  check(narrow.size() <= 2 * wide.size() + 1);
-  check(text.compare(0, narrow.size(), narrow) == 0);
+  require(narrow.size() <= 2 * wide.size() + 1);
+  require(text.compare(0, narrow.size(), narrow) == 0);
 
   // The buffers have just the room that the contracts ask for.
   const std::string upToZero = text.c_str();
   std::vector<wchar_t> wideRoom(upToZero.size() + 1);
   const int wideCount = charStr2wcharStr(upToZero.c_str(), wideRoom.data(), kLocale);
-  check(wideCount == -1 || static_cast<std::size_t>(wideCount) == wide.size());
+  require(wideCount == -1 || static_cast<std::size_t>(wideCount) == wide.size());
 
   std::vector<char> narrowRoom(2 * wide.size() + 1);
   const int narrowCount = wcharStr2charStr(wide.c_str(), narrowRoom.data(), kLocale);
-  check(narrowCount >= 0 && static_cast<std::size_t>(narrowCount) == narrow.size());
+  require(narrowCount >= 0 && static_cast<std::size_t>(narrowCount) == narrow.size());
   return 0;
 }

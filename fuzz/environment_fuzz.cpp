@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Brindle/XFileTool/process.h"
+#include "Input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr char kName[] = "VORQUELL_FUZZ";
@@ -17,9 +18,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   putenv(variable.data());
   const std::vector<std::string> elements = xGetEnvVariable(kName);
   const auto colons = std::count(value.begin(), value.end(), ':');
-  if (elements.size() != static_cast<std::size_t>(colons) + 1) std::abort();
+  require(elements.size() == static_cast<std::size_t>(colons) + 1);
   std::string joined = elements.front();
   for (std::size_t i = 1; i < elements.size(); ++i) joined += ':' + elements[i];
-  if (joined != value) std::abort();
+  require(joined == value);
   return 0;
 }

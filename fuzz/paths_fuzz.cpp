@@ -7,12 +7,9 @@
 #include <string>
 
 #include "Brindle/XFileTool/paths.h"
+#include "Input.h"
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 std::wstring widened(const std::string& bytes) {
   return {bytes.begin(), bytes.end()};

@@ -8,6 +8,7 @@
 
 #include "Bitstream.h"
 #include "HammingScore.h"
+#include "Input.h"
 #include "ORV_CompareFeatures.h"
 #include "ORV_Search.h"
 
@@ -35,10 +36,6 @@ std::uint64_t frameAt(double distance, const char* target, unsigned int targetSi
         if (!isFound) ++index;
       });
   return index;
-}
-
-void require(bool condition) {
-  if (!condition) std::abort();
 }
 
 }  // namespace

@@ -6,12 +6,9 @@
 #include <vector>
 
 #include "Brindle/utility/stringTools.h"
+#include "Input.h"
 
 namespace {
-
-void check(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// One replacement after the other, in place.
 std::string plainReplaced(std::string text, const std::string& pattern,
@@ -35,7 +32,7 @@ void checkTokens(const std::string& text, const std::string& delimiters) {
     }
   }
   if (isSplit && expected.back().empty()) expected.pop_back();
-  check(stringTokenizer(text, delimiters.c_str()) == expected);
+  require(stringTokenizer(text, delimiters.c_str()) == expected);
 }
 
 }  // namespace
@@ -51,9 +48,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   std::string replaced = text;
   replaceSubString(replaced, pattern, replacement);
-  check(replaced == (pattern.empty() ? text : plainReplaced(text, pattern, replacement)));
+  require(replaced == (pattern.empty() ? text : plainReplaced(text, pattern, replacement)));
   checkTokens(text, pattern.c_str());
   const std::vector<std::string> elements = stringTokenizer(text, "/\\");
-  check(getPathLastName(text) == (elements.empty() ? "" : elements.back()));
+  require(getPathLastName(text) == (elements.empty() ? "" : elements.back()));
   return 0;
 }

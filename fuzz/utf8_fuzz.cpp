@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Brindle/XTypeConvertTool.h"
+#include "Input.h"
 #include "reference/PlainUtf8.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -11,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   char* text = static_cast<char*>(std::malloc(size + 1));
   for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<char>(data[i]);
   text[size] = '\0';
-  if (IsUtf8(text) != plainIsUtf8(text)) std::abort();
+  require(IsUtf8(text) == plainIsUtf8(text));
   std::free(text);
   return 0;
 }

@@ -30,7 +30,8 @@ TEST(Scoring, AgreesWithTheByteTableAtEveryLengthAndAlignmentAndReadsNothingElse
     const int length = static_cast<int>(size);
     const auto agree = [&](const char* first, const char* second) {
       EXPECT_SAME(calculateScores(first, second, length), plainScores(first, second, length))
-          << "length " << length << ", offset " << first - a.data();
+          << "length " << length << ", from " << reinterpret_cast<std::uintptr_t>(first) % 64
+          << " past a multiple of 64";
     };
     for (std::size_t offset = 0; offset < 32; ++offset) {
       agree(a.data() + offset, b.data() + (offset * 5 + size) % 32);

@@ -28,6 +28,11 @@ struct Outcome {
 template <class Call, class... Arguments>
 auto outcome(const Call& call, const Arguments&... arguments) {
   testing::internal::CaptureStdout();
-  auto result = call(arguments...);
-  return Outcome<decltype(result)>{std::move(result), testing::internal::GetCapturedStdout()};
+  try {
+    auto result = call(arguments...);
+    return Outcome<decltype(result)>{std::move(result), testing::internal::GetCapturedStdout()};
+  } catch (...) {
+    testing::internal::GetCapturedStdout();  // while it lasts, nothing else can be captured
+    throw;
+  }
 }
