@@ -85,7 +85,7 @@ inline void checkTable(const std::string& file,
       ++rows[row.function];
       check->second(row);
     } catch (const std::exception& error) {
-      ADD_FAILURE() << "a malformed row: " << error.what();
+      ADD_FAILURE() << "the row is malformed, or the call throws: " << error.what();
     }
   }
   for (const auto& [function, check] : checks) {
