@@ -47,8 +47,9 @@ class FeatureReader {
   /// - "read: Invalid bitstream version (%d)\n" when the version is neither 7 nor 8.
   ///
   /// @warning `length` serves these checks only. The frame count and the length fields are trusted:
-  /// every frame that they announce must lie in the caller's buffer; ask queryFramesFit() first.
-  /// See docs/hazards.md.
+  /// every frame that they announce must lie in the caller's buffer. queryFramesFit() says so
+  /// first, unless `featureLength` is 0 or equals `length`: then it does not look. See
+  /// docs/hazards.md.
   virtual FeatureList read(const char* bitstream, unsigned int length, unsigned int featureLength);
 };
 
@@ -74,7 +75,9 @@ class FeatureReaderV8 : public FeatureReader {
 };
 
 /// Returns whether a comparison stays inside the bytes that the caller holds. Call it before
-/// ORV_CompareFeatures() or FeatureReader::read() when the bytes come from outside.
+/// ORV_CompareFeatures() when the bytes come from outside; and before FeatureReader::read(), which,
+/// unlike the comparison, also walks a bitstream whose length is that of the features, or with a
+/// feature length of 0: do not read those.
 ///
 /// False only for a version 7 bitstream that is truncated: its frame count, the length field of a
 /// frame on the walk, or a feature of the target's length reaches past `querySize`. True in every

@@ -18,7 +18,7 @@
 int charStr2wcharStr(const char* source, wchar_t* destination, const char* locale);
 
 /// Converts to narrow. `destination` has room for 2 * wcslen(source) + 1 bytes; a longer result is
-/// truncated as by wstr2str(). A result of more than 2 * wcslen(source) bytes, truncated or not,
+/// truncated as by wstr2str(). A truncated result, and one of more than 2 * wcslen(source) bytes,
 /// has no terminator. Prints "Error: some characters cannot be converted into char (inside
 /// wcharStr2charStr(...))!\n" (one line).
 int wcharStr2charStr(const wchar_t* source, char* destination, const char* locale);
