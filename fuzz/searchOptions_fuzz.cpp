@@ -25,7 +25,7 @@ void refuseUnless(bool holds) {
 }
 
 struct Plain {
-  Options options;  // without the texts
+  Options options{.nearest = ~0ULL, .threads = 0, .lineEnd = '\n'};  // without the texts
   Texts operands, lists, packed;
 };
 

@@ -1,6 +1,7 @@
 #include "search/comparison.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <deque>
@@ -79,7 +80,7 @@ Comparison::Comparison(const Buffer& target, const Queries& queries, const Optio
       options_(options),
       blockBytes_(std::max<std::uint64_t>(1, kReadBytes / target.size()) * target.size()),
       files_(queries.fileCount()),
-      progress_(options.progress) {
+      progress_(options.progress, isatty(STDERR_FILENO) == 1) {
   for (std::uint64_t query = queries.fileCount(); query < queries.count(); ++query) {
     packed_.emplace_back(queries.name(query), blockBytes_);
   }

@@ -25,12 +25,11 @@ File File::standardInput() {
 }
 
 File::File(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC)) {
-  isOwn_ = descriptor_ >= 0;
-  error_ = isOwn_ ? 0 : errno;
+  if (descriptor_ < 0) error_ = errno;
 }
 
 File::~File() {
-  if (isOwn_) close(descriptor_);
+  if (descriptor_ > STDIN_FILENO) close(descriptor_);
 }
 
 Buffer::~Buffer() {

@@ -2,12 +2,14 @@
 // Used by VorquellSearch.
 #pragma once
 
+#include <unistd.h>
+
 #include <cstdint>
 #include <string_view>
 
 namespace vorquell::search {
 
-/// An open file. One that was opened here is closed.
+/// An open file, closed at the end but for standard input.
 class File {
  public:
   static File standardInput();
@@ -23,9 +25,8 @@ class File {
  private:
   File() = default;
 
-  int descriptor_ = 0;
+  int descriptor_ = STDIN_FILENO;
   int error_ = 0;
-  bool isOwn_ = false;
 };
 
 /// Bytes that were read. The memory grows and is used again.

@@ -14,7 +14,7 @@ enum class ProgressWhen { kAuto, kAlways, kNever };
 struct Options {
   Request request = Request::kSearch;
   std::uint64_t nearest = std::numeric_limits<std::uint64_t>::max();
-  double within = 1.0;
+  double within = std::numeric_limits<double>::infinity();
   unsigned threads = 0;
   char lineEnd = '\n';
   ProgressWhen progress = ProgressWhen::kAuto;

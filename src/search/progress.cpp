@@ -26,8 +26,28 @@ std::string durationText(double seconds) {
 
 }  // namespace
 
-Progress::Progress(ProgressWhen when)
-    : isTerminal_(when != ProgressWhen::kNever && isatty(STDERR_FILENO) == 1),
+std::string progressText(std::uint64_t done, std::optional<std::uint64_t> expected,
+                         double seconds) {
+  const auto compared = static_cast<double>(done);
+  const double rate = compared / std::max(seconds, 1e-9);
+  char text[160];
+  if (!expected) {
+    std::snprintf(text, sizeof text, "%.0f compared, %.3g/s, time left unknown", compared, rate);
+    return text;
+  }
+  const auto all = static_cast<double>(*expected);
+  const double share = all > 0 ? std::min(compared / all, 1.0) : 1.0;
+  const auto filled = static_cast<std::size_t>(share * kBarWidth);
+  const std::string bar = std::string(filled, '#') + std::string(kBarWidth - filled, '.');
+  const double left = rate > 0 ? std::max(all - compared, 0.0) / rate : 0.0;
+  std::snprintf(text, sizeof text, "[%s] %3.0f %%  %.0f of %.0f, %.3g/s, %s left", bar.c_str(),
+                100 * share, compared, all, rate,
+                rate > 0 || share == 1.0 ? durationText(left).c_str() : "?");
+  return text;
+}
+
+Progress::Progress(ProgressWhen when, bool isTerminal)
+    : isTerminal_(isTerminal && when != ProgressWhen::kNever),
       isAlways_(when == ProgressWhen::kAlways),
       isShown_(isAlways_ || isTerminal_) {}
 
@@ -68,27 +88,9 @@ void Progress::printEverySecond() {
 
 void Progress::print() {
   isLineShown_ = true;
-  writeAll(STDERR_FILENO, isTerminal_ ? kEraseLine + line() : line() + '\n');
-}
-
-std::string Progress::line() const {
-  const auto done = static_cast<double>(done_.load(std::memory_order_relaxed));
-  const auto expected = static_cast<double>(expected_);
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin_;
-  const double rate = done / std::max(elapsed.count(), 1e-9);
-  char text[160];
-  if (!isExpectedKnown_) {
-    std::snprintf(text, sizeof text, "%.0f compared, %.3g/s, time left unknown", done, rate);
-    return text;
-  }
-  const double share = expected > 0 ? std::min(done / expected, 1.0) : 1.0;
-  const auto filled = static_cast<std::size_t>(share * kBarWidth);
-  const std::string bar = std::string(filled, '#') + std::string(kBarWidth - filled, '.');
-  const double left = rate > 0 ? std::max(expected - done, 0.0) / rate : 0.0;
-  std::snprintf(text, sizeof text, "[%s] %3.0f %%  %.0f of %.0f, %.3g/s, %s left", bar.c_str(),
-                100 * share, done, expected, rate,
-                rate > 0 || share == 1.0 ? durationText(left).c_str() : "?");
-  return text;
+  const std::string text = progressText(done_, expected_, elapsed.count());
+  writeAll(STDERR_FILENO, isTerminal_ ? kEraseLine + text : text + '\n');
 }
 
 }  // namespace vorquell::search

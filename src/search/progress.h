@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -13,16 +14,22 @@
 
 namespace vorquell::search {
 
-/// Prints a line once a second: on a terminal in place, elsewhere one after the other. What is only
-/// for a terminal is erased at the end.
+/// What a line says after so many seconds of comparing; none are expected where nobody knows how
+/// many there are.
+std::string progressText(std::uint64_t done, std::optional<std::uint64_t> expected, double seconds);
+
+/// Prints a line on standard error once a second: on a terminal in place, elsewhere one after the
+/// other. What is only for a terminal is erased at the end.
 class Progress {
  public:
-  explicit Progress(ProgressWhen when);
+  Progress(ProgressWhen when, bool isTerminal);
   ~Progress();
 
   /// So many features more will be compared; or nobody knows how many.
-  void expect(std::uint64_t features) { expected_ += features; }
-  void expectUnknown() { isExpectedKnown_ = false; }
+  void expect(std::uint64_t features) {
+    if (expected_) *expected_ += features;
+  }
+  void expectUnknown() { expected_.reset(); }
 
   void begin();
   void add(std::uint64_t features) { done_.fetch_add(features, std::memory_order_relaxed); }
@@ -31,13 +38,11 @@ class Progress {
  private:
   void printEverySecond();
   void print();
-  std::string line() const;
 
   const bool isTerminal_;
   const bool isAlways_;
   const bool isShown_;
-  std::uint64_t expected_ = 0;
-  bool isExpectedKnown_ = true;
+  std::optional<std::uint64_t> expected_ = 0;
   std::atomic<std::uint64_t> done_ = 0;
   std::chrono::steady_clock::time_point begin_;
 

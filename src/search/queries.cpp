@@ -7,9 +7,9 @@
 
 namespace vorquell::search {
 
-Queries::Queries(const Options& options) : names_(options.queries) {
+Queries::Queries(const Options& options)
+    : names_(options.queries), packedCount_(options.packed.size()) {
   if (options.list != nullptr) readList(options.list);
-  fileCount_ = names_.size();
   names_.insert(names_.end(), options.packed.begin(), options.packed.end());
   if (names_.empty()) throw Fatal("no query is given");
 }

@@ -15,7 +15,7 @@ class Queries {
   /// Reads the list; throws Fatal where it cannot be read or nothing is left to compare.
   explicit Queries(const Options& options);
 
-  std::uint64_t fileCount() const { return fileCount_; }
+  std::uint64_t fileCount() const { return names_.size() - packedCount_; }
   std::uint64_t count() const { return names_.size(); }
   const char* name(std::uint64_t query) const { return names_[query]; }
 
@@ -24,7 +24,7 @@ class Queries {
 
   Buffer list_;
   std::vector<const char*> names_;
-  std::uint64_t fileCount_ = 0;
+  const std::uint64_t packedCount_;
 };
 
 }  // namespace vorquell::search

@@ -15,11 +15,11 @@ namespace {
 
 constexpr std::size_t kWriteSize = 64 << 10;
 
-bool isSigpipeIgnored = false;
+auto inheritedSigpipe = SIG_DFL;
 
 [[noreturn]] void failToWrite(int error) {
-  if (error == EPIPE && !isSigpipeIgnored) {
-    std::signal(SIGPIPE, SIG_DFL);
+  if (error == EPIPE) {  // ends the process, unless whoever started it ignores the signal
+    std::signal(SIGPIPE, inheritedSigpipe);
     std::raise(SIGPIPE);
   }
   throw Fatal("standard output: " + reasonOf(error));
@@ -39,7 +39,7 @@ void prepareStandardStreams() {
       open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
   }
-  isSigpipeIgnored = std::signal(SIGPIPE, SIG_IGN) == SIG_IGN;
+  inheritedSigpipe = std::signal(SIGPIPE, SIG_IGN);
 }
 
 void printMessage(std::string_view text) {

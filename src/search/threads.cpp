@@ -3,9 +3,7 @@
 #include <sched.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <exception>
-#include <limits>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -14,19 +12,10 @@ namespace vorquell::search {
 
 namespace {
 
-/// The kernel refuses a set that is smaller than its own, so it is doubled until it fits.
 unsigned processorsOfProcess() {
-  constexpr std::size_t kMaxProcessors = std::size_t{1} << 20;
-  for (std::size_t size = CPU_SETSIZE; size <= kMaxProcessors; size *= 2) {
-    std::vector<unsigned long> set(CPU_ALLOC_SIZE(size) / sizeof(unsigned long));
-    const std::size_t bytes = set.size() * sizeof set[0];
-    auto* const cpus = reinterpret_cast<cpu_set_t*>(set.data());
-    if (sched_getaffinity(0, bytes, cpus) == 0) {
-      return static_cast<unsigned>(std::max(1, CPU_COUNT_S(bytes, cpus)));
-    }
-    if (errno != EINVAL) break;
-  }
-  return 1;
+  cpu_set_t sets[8] = {};  // room for 8,192 processors, the most that Linux runs on
+  sched_getaffinity(0, sizeof sets, sets);
+  return static_cast<unsigned>(std::max(1, CPU_COUNT_S(sizeof sets, sets)));
 }
 
 /// Starts up to `count` threads; stops at the first that cannot be had.

@@ -192,10 +192,6 @@ void LabCap(double* lab) {
     double low, high;
   } kBounds[] = {{0.0, 99.654922}, {-85.928254, 97.961931}, {-107.542807, 94.201418}};
   for (std::size_t i = 0; i < 3; ++i) {
-    if (lab[i] < kBounds[i].low) {
-      lab[i] = kBounds[i].low;
-    } else if (lab[i] > kBounds[i].high) {
-      lab[i] = kBounds[i].high;
-    }
+    lab[i] = std::clamp(lab[i], kBounds[i].low, kBounds[i].high);
   }
 }

@@ -1,0 +1,50 @@
+#include "search/progress.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+
+namespace vorquell::search {
+
+namespace {
+
+TEST(Progress, SaysHowMuchIsDoneAndHowLongTheRestTakes) {
+  EXPECT_EQ(progressText(0, 8, 2), "[....................]   0 %  0 of 8, 0/s, ? left");
+  EXPECT_EQ(progressText(1, 8, 2), "[##..................]  12 %  1 of 8, 0.5/s, 0:00:14 left");
+  EXPECT_EQ(progressText(8, 8, 2), "[####################] 100 %  8 of 8, 4/s, 0:00:00 left");
+  EXPECT_EQ(progressText(9, 8, 2), "[####################] 100 %  9 of 8, 4.5/s, 0:00:00 left");
+  EXPECT_EQ(progressText(0, 0, 0), "[####################] 100 %  0 of 0, 0/s, 0:00:00 left");
+  EXPECT_EQ(progressText(1, 9000, 1), "[....................]   0 %  1 of 9000, 1/s, 2:29:59 left");
+  EXPECT_EQ(progressText(1, 20'000'000'000, 1),
+            "[....................]   0 %  1 of 20000000000, 1/s, 277777:46:40 left");
+  EXPECT_EQ(progressText(30'000'000, std::nullopt, 2),
+            "30000000 compared, 1.5e+07/s, time left unknown");
+}
+
+/// What is printed about a comparison that takes so long, without the times.
+std::string printed(ProgressWhen when, bool isTerminal, std::chrono::milliseconds time = {}) {
+  testing::internal::CaptureStderr();
+  Progress progress(when, isTerminal);
+  progress.expect(1);
+  progress.begin();
+  progress.add(1);
+  std::this_thread::sleep_for(time);
+  progress.end();
+  const std::string text = testing::internal::GetCapturedStderr();
+  return std::regex_replace(text, std::regex(", [^\n]*left"), "");
+}
+
+TEST(Progress, PrintsALineInASecondAndErasesItOnATerminalOrEndsIt) {
+  const std::string erase = "\r\033[K", line = "[####################] 100 %  1 of 1";
+  EXPECT_EQ(printed(ProgressWhen::kAlways, false), line + '\n');
+  EXPECT_EQ(printed(ProgressWhen::kAlways, true), erase + line + '\n');
+  EXPECT_EQ(printed(ProgressWhen::kNever, true), "");
+  EXPECT_EQ(printed(ProgressWhen::kAuto, false), "");
+  EXPECT_EQ(printed(ProgressWhen::kAuto, true), "");
+  EXPECT_EQ(printed(ProgressWhen::kAuto, true, std::chrono::milliseconds(1500)),
+            erase + line + erase);
+}
+
+}  // namespace
+
+}  // namespace vorquell::search
