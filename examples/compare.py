@@ -13,10 +13,10 @@ import vorquell
 def main() -> None:
     if len(sys.argv) != 3:
         sys.exit("usage: compare.py TARGET QUERY")
-    target, query = (pathlib.Path(name).read_bytes() for name in sys.argv[1:])
     try:
+        target, query = (pathlib.Path(name).read_bytes() for name in sys.argv[1:])
         distance, frame = vorquell.match(target, query)
-    except ValueError as error:
+    except (OSError, ValueError) as error:
         sys.exit(f"compare.py: {error}")
     print(f"distance {distance:.6f}, frame {frame}")
 

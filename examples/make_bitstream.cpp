@@ -20,6 +20,7 @@ constexpr std::size_t kFrameCountOffset = 64;
 constexpr std::size_t kFrameHeaderSize = 32;
 constexpr std::size_t kFeatureLengthOffset = 24;
 constexpr std::size_t kMaxFrames = 1500;
+constexpr std::size_t kMaxLength = (std::size_t{1} << 28) - 1;  // of a feature
 
 void putField(std::string& bytes, std::size_t offset, std::size_t value) {
   for (std::size_t i = 0; i < 4; ++i) bytes[offset + i] = static_cast<char>(value >> (8 * i));
@@ -41,6 +42,9 @@ std::string wrapFeatures(const std::vector<std::string>& features) {
   }
   if (!haveOneLength(features)) {
     throw std::runtime_error("all features must have the same length, or none");
+  }
+  for (const std::string& feature : features) {
+    if (feature.size() > kMaxLength) throw std::runtime_error("a feature has less than 2^28 bytes");
   }
   std::string bitstream(kHeaderSize, '\0');
   putField(bitstream, kVersionOffset, 7);

@@ -14,7 +14,7 @@
 //         24   length of the feature
 //         32   the feature's bytes
 //
-// The skip rule: after a frame whose feature has the length asked for, the next frame begins behind
+// The skip rule: after a frame whose feature has the length asked for, the next frame begins after
 // that feature. After any other frame only its header of 32 bytes is skipped, and what follows is
 // read as the next header. So frames without a feature (length 0) may stand anywhere, but a feature
 // of another length derails the walk. This is deliberate: what existing bitstreams give depends on

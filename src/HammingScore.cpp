@@ -50,31 +50,30 @@ __attribute__((target("popcnt"))) double scorePopcnt(const char* a, const char* 
 
 /// share() of the sum of four counts. The low 32 bits of the sum become the number without a detour
 /// through the other registers.
-VORQUELL_AVX2_INLINE double shareOfSum(__m256i counts, int length) {
+VORQUELL_AVX2 VORQUELL_INLINE double shareOfSum(__m256i counts, int length) {
   __m128i sum = _mm256_castsi256_si128(counts) + _mm256_extracti128_si256(counts, 1);
   sum += _mm_unpackhi_epi64(sum, sum);
   return _mm_cvtsd_f64(_mm_cvtepi32_pd(sum)) / static_cast<double>(wrappingMultiply(length, 8));
 }
 
-__attribute__((target(VORQUELL_AVX2))) double scoreAvx2(const char* a, const char* b, int length) {
+VORQUELL_AVX2 double scoreAvx2(const char* a, const char* b, int length) {
   if (length < static_cast<int>(2 * kVector)) return scoreWords<true>(a, b, length);
   return shareOfSum(countDifferingVectors(a, b, static_cast<std::size_t>(length)), length);
 }
 
-#define AVX512 __attribute__((target(VORQUELL_AVX512)))
-
 /// Counts in 1 to 32 bytes, read through a mask.
-AVX512 inline __m256i countUpTo32(const char* a, const char* b, int length) {
+VORQUELL_AVX512 inline __m256i countUpTo32(const char* a, const char* b, int length) {
   const __mmask32 mask = ~std::uint32_t{0} >> (32 - length);
   return _mm256_popcnt_epi64(_mm256_maskz_loadu_epi8(mask, a) ^ _mm256_maskz_loadu_epi8(mask, b));
 }
 
-AVX512 inline __m256i countFrom33To64(const char* a, const char* b, int length) {
+VORQUELL_AVX512 inline __m256i countFrom33To64(const char* a, const char* b, int length) {
   return _mm256_popcnt_epi64(differingVector(a, b)) + countUpTo32(a + 32, b + 32, length - 32);
 }
 
 /// For more than 64 bytes.
-AVX512 __attribute__((noinline)) double scoreLongAvx512(const char* a, const char* b, int length) {
+VORQUELL_AVX512 __attribute__((noinline)) double scoreLongAvx512(const char* a, const char* b,
+                                                                 int length) {
   __m512i wide = _mm512_setzero_si512();
   int left = length;
   for (; left > 64; left -= 64, a += 64, b += 64) {
@@ -90,7 +89,7 @@ AVX512 __attribute__((noinline)) double scoreLongAvx512(const char* a, const cha
 /// One instruction counts the bits of a register: twice as fast as scoreAvx2() at 256 bytes.
 /// Through the masks features of 1 to 64 bytes take about the same time, whole words or not; for
 /// these the narrower registers are the faster ones.
-AVX512 double scoreAvx512(const char* a, const char* b, int length) {
+VORQUELL_AVX512 double scoreAvx512(const char* a, const char* b, int length) {
   if (length <= 0) return share(0, length);
   if (length > 64) return scoreLongAvx512(a, b, length);
   if (length > 32) return shareOfSum(countFrom33To64(a, b, length), length);

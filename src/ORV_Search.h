@@ -9,8 +9,9 @@
  * Features and targets lie one after the other, `length` bytes each (1 to 2^28 - 1), at any
  * alignment. Every size is 64 bits; nothing is truncated.
  *
- * No function keeps a state, prints anything or reads outside the bytes that it is given: any
- * number of threads may call them at once, as long as no input changes during a call.
+ * No function keeps anything but the chosen instruction set, prints anything or reads outside the
+ * bytes that it is given: any number of threads may call them at once, as long as no input changes
+ * during a call.
  *
  * All return a status: #ORV_FOUND (0), or a negative one that ORV_SearchText() puts into words.
  * What is wrong is judged in this order: `length` and `k`, whatever the counts are; then a count of
@@ -32,10 +33,8 @@
  * @{
  */
 
-#ifndef ORV_API
 /** Marks what the shared library exports. */
 #define ORV_API __attribute__((visibility("default")))
-#endif
 
 #ifdef __cplusplus
 extern "C" {
@@ -106,8 +105,9 @@ ORV_API int ORV_Distances(const char* targets, uint64_t targetCount, const char*
 
 /** Finds the `k` closest features of each target.
  *
- * Besides the caller's memory it takes 16 bytes for each thread, each of the `k` and each of up to
- * 128 targets; never more for more features.
+ * Besides the caller's memory each thread takes 16 bytes for each of the `k` and 64 more, for each
+ * target that is compared at a time and for one more; these are 128, or 2^20 / `k` where that is
+ * less. More features take no more.
  * @param targets  `targetCount` features of `length` bytes
  * @param targetCount  number of targets
  * @param features  `featureCount` features of `length` bytes

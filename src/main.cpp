@@ -14,10 +14,14 @@ namespace {
 class Object {
  public:
   explicit Object(const char* path) { xLoadBinFile(path, buffer_, length_); }
-  ~Object() { std::free(buffer_); }
+  ~Object() { release(); }
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 
+  void release() {
+    std::free(buffer_);
+    buffer_ = nullptr;
+  }
   const char* bytes() const { return reinterpret_cast<const char*>(buffer_); }
   std::uint64_t length() const { return length_; }
   /// The comparison takes 32-bit lengths: those of 4 GiB and more are truncated.
@@ -56,6 +60,9 @@ void compareFiles(const char* targetPath, const char* queryPath) {
   const bool isCompared =
       isWhole && ORV_CompareFeatures(target.bytes(), target.truncatedLength(), query.bytes(),
                                      query.truncatedLength(), &distance) == 0;
+  target.release();
+  query.release();
+
   if (!isWhole) std::printf("%s: Bitstream too short\n", "main");
   if (isCompared) {
     std::printf("%s: Return distance = %f\n", "main", distance);

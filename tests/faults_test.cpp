@@ -27,6 +27,7 @@
 #include "FeatureReader.h"
 #include "ORV_Search.h"
 #include "search/comparison.h"
+#include "search/packed.h"
 #include "search/streams.h"
 #include "support/Bitstream.h"
 #include "support/InScratchDir.h"
@@ -42,6 +43,7 @@ bool isArmed = false;     // whether something may fail now
 std::size_t calls = 0;    // that could have failed so
 std::string_view failed;  // the function that did
 long live = 0;            // blocks of memory
+std::function<void()> beforeReading;  // runs once, in the next pread()
 
 bool works(std::string_view function, bool canFail) {
   if (!isArmed || !canFail || calls++ != which) return true;
@@ -119,8 +121,12 @@ WRAPPED(int, madvise, (void* block, size_t size, int advice), (block, size, advi
 WRAPPED(int, mkdir, (const char* path, mode_t mode), (path, mode), -1)
 WRAPPED(int, open, (const char* path, int flags, mode_t mode), (path, flags, mode), -1)
 WRAPPED(DIR*, opendir, (const char* path), (path), nullptr)
-WRAPPED(ssize_t, pread, (int file, void* to, size_t size, off_t at), (file, to, size, at),
-        error == kShort ? __real_pread(file, to, 1, at) : -1)
+ssize_t __real_pread(int file, void* to, size_t size, off_t at);
+ssize_t __wrap_pread(int file, void* to, size_t size, off_t at) {
+  if (const auto now = std::exchange(beforeReading, nullptr)) now();
+  if (mayCall("pread")) return __real_pread(file, to, size, at);
+  return error == kShort ? __real_pread(file, to, 1, at) : -1;
+}
 WRAPPED(ssize_t, read, (int file, void* to, size_t size), (file, to, size),
         error == kShort ? __real_read(file, to, 1) : -1)
 WRAPPED(ssize_t, readlink, (const char* path, char* to, size_t size), (path, to, size), -1)
@@ -380,6 +386,19 @@ TEST_F(Faults, HaveTheOutcomeOfTheTable) {
     checks[name] = [this, call = call](const support::Row& row) { check(call, row); };
   }
   support::checkTable("faults.txt", checks);
+}
+
+TEST_F(Faults, OfAPackedFileThatShrinksWhileThreadsReadItAreReported) {
+  tree("packed=smallsmilesmallsmile");
+  search::PackedFile file("packed", 10);
+  search::Buffer first, second;
+  std::uint64_t begin = 0;
+  beforeReading = [&] {
+    EXPECT_EQ(file.readBlock(second, &begin), true);
+    fs::resize_file("packed", 5);
+  };
+  EXPECT_EQ(file.readBlock(first, &begin), true);
+  EXPECT_EQ(file.error(), EIO);
 }
 
 TEST_F(Faults, ElsewhereLeaveNothingOverWhenACallIsRepeated) {

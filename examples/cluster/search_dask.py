@@ -3,8 +3,8 @@
 
     search_dask.py SCHEDULER TARGET K FILE...
 
-prints what `VorquellSearch -k K --packed FILE... TARGET` prints. The workers see the files under
-the same names and can import vorquell; one that is lost is replaced by the others.
+prints what `VorquellSearch -k K TARGET` with `--packed` before each FILE prints. The workers see
+the files under the same names and can import vorquell; one that is lost is replaced by the others.
 """
 import pathlib
 import sys
@@ -26,6 +26,8 @@ def search(target, name, first, count, k):
 
 def main(scheduler, target_name, k, *names):
     target = np.fromfile(target_name, np.uint8)
+    if target.size == 0 or int(k) < 1:
+        sys.exit("search_dask.py: wants a target that is not empty, and a K of 1 or more")
     step = max(BLOCK_BYTES // target.size, 1)
     sizes = [pathlib.Path(name).stat().st_size for name in names]
     if any(size % target.size for size in sizes):
@@ -33,6 +35,8 @@ def main(scheduler, target_name, k, *names):
     counts = [size // target.size for size in sizes]
     blocks = [(file, first, min(step, count - first)) for file, count in enumerate(counts)
               for first in range(0, count, step)]
+    if not blocks:
+        sys.exit("search_dask.py: no features to search")
     with Client(scheduler) as client:
         found = client.gather([client.submit(search, target, names[file], first, count, int(k))
                                for file, first, count in blocks])

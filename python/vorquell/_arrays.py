@@ -8,6 +8,8 @@ from numpy.typing import NDArray
 Bytes = NDArray[np.uint8]
 #: ``bytes``, ``memoryview``, ``mmap``, ``numpy.memmap``, an array of ``uint8``: what has a buffer.
 BytesLike = Any
+#: The most bytes of a feature that can be compared.
+LONGEST = 2**28 - 1
 
 
 def as_bytes(value: BytesLike, name: str) -> Bytes:
@@ -34,18 +36,31 @@ def as_flat(value: BytesLike, name: str) -> Bytes:
     return array
 
 
+def as_target(value: BytesLike) -> Bytes:
+    """The bytes of one target."""
+    array = as_flat(value, "target")
+    _check_length(array, "target")
+    return array
+
+
 def as_targets(value: BytesLike) -> Bytes:
     """Targets as (m, length); a single one as (length,)."""
     array = as_bytes(value, "targets")
     if array.ndim not in (1, 2):
         raise ValueError(f"targets: got shape {array.shape}, want (m, length) or (length,)")
+    _check_length(array, "targets")
     return array
+
+
+def _check_length(targets: Bytes, name: str) -> None:
+    if not 1 <= targets.shape[-1] <= LONGEST:
+        raise ValueError(f"{name}: got length {targets.shape[-1]}, want 1 to {LONGEST}")
 
 
 def as_features(value: BytesLike, length: int) -> Bytes:
     """Features of `length` bytes as (n, length)."""
     array = as_bytes(value, "features")
-    if array.ndim == 1 and length > 0 and array.size % length == 0:
+    if array.ndim == 1 and array.size % length == 0:
         return array.reshape(-1, length)
     if array.ndim == 2 and array.shape[1] == length:
         return array

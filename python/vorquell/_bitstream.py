@@ -2,7 +2,9 @@
 from collections.abc import Iterable
 from typing import SupportsIndex
 
-from vorquell._arrays import Bytes, BytesLike, as_count, as_flat
+import numpy as np
+
+from vorquell._arrays import LONGEST, Bytes, BytesLike, as_bytes, as_count, as_flat
 from vorquell._library import text_of
 
 _VERSION = slice(4, 8)
@@ -11,7 +13,6 @@ _FIRST_FRAME = 184
 _FRAME_HEADER = 32
 _FEATURE_LENGTH = slice(24, 28)  # in a frame
 _MOST_FRAMES = 1500
-_LONGEST = 2**28 - 1  # bytes of a feature that can be compared
 _NO_BITSTREAM = -2
 _CUT_SHORT = -3
 
@@ -21,7 +22,7 @@ def wrap(features: Iterable[BytesLike]) -> bytes:
 
     Parameters
     ----------
-    features : iterable of bytes-like, or array of uint8 of shape (n, length)
+    features : iterable of bytes-like, or what has a buffer of shape (n, length)
         1 to 1500 of one length; an empty one becomes a frame without a feature.
 
     Raises
@@ -35,21 +36,30 @@ def wrap(features: Iterable[BytesLike]) -> bytes:
     >>> unwrap(wrap([b"one", b"", b"two"]), 3)
     [b'one', b'two']
     """
-    if isinstance(features, (bytes, bytearray, memoryview)):
-        raise TypeError(f"features: got {type(features).__name__}, want an iterable of bytes-likes")
-    arrays = [as_flat(feature, "features") for feature in features]
+    arrays = _arrays(features)
     if not 1 <= len(arrays) <= _MOST_FRAMES:
         raise ValueError(f"features: got {len(arrays)}, want 1 to {_MOST_FRAMES}")
     lengths = sorted({array.size for array in arrays} - {0})
     if len(lengths) > 1:
         raise ValueError(f"features: got lengths {lengths}, want one: a reader that looks for one "
                          "length loses its way after a feature of another")
-    if lengths and lengths[0] > _LONGEST:
-        raise ValueError(f"features: got length {lengths[0]}, want {_LONGEST} or less")
+    if lengths and lengths[0] > LONGEST:
+        raise ValueError(f"features: got length {lengths[0]}, want {LONGEST} or less")
     header = bytearray(_FIRST_FRAME)
     header[_VERSION] = (7).to_bytes(4, "little")
     header[_FRAME_COUNT] = len(arrays).to_bytes(4, "little")
     return bytes(header) + b"".join(map(_frame, arrays))
+
+
+def _arrays(features: Iterable[BytesLike]) -> list[Bytes]:
+    try:
+        shape = np.shape(memoryview(features))  # type: ignore[arg-type]
+    except TypeError:
+        return [as_flat(feature, "features") for feature in features]
+    if len(shape) != 2:
+        raise TypeError(f"features: got {type(features).__name__} of shape {shape}, want (n, length) "
+                        "or an iterable of bytes-likes")
+    return list(as_bytes(features, "features"))
 
 
 def _frame(feature: Bytes) -> bytes:

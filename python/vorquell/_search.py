@@ -5,7 +5,8 @@ from typing import SupportsIndex
 import numpy as np
 from numpy.typing import NDArray
 
-from vorquell._arrays import (BytesLike, address, as_count, as_features, as_flat, as_targets)
+from vorquell._arrays import (BytesLike, address, as_count, as_features, as_flat, as_target,
+                              as_targets)
 from vorquell._library import Match, check, library
 
 _MATCH = np.dtype([("index", np.uint64), ("distance", np.float64)])
@@ -41,7 +42,7 @@ def match(target: BytesLike, query: BytesLike) -> tuple[float, int]:
     >>> match(b"\\x00\\x00", wrap([b"\\xff\\xff", b"\\x00\\x01"]))
     (0.0625, 1)
     """
-    one = as_flat(target, "target")
+    one = as_target(target)
     other = as_flat(query, "query")
     found = Match()
     check(library.ORV_MatchQuery(address(one), one.size, address(other), other.size,
@@ -92,7 +93,7 @@ def distances(targets: BytesLike, features: BytesLike, *,
     many = as_features(features, length)
     counted = min(as_count(threads, "threads", 0), _MOST_THREADS)
     found = np.empty(several.shape[:-1] + many.shape[:1])
-    check(library.ORV_Distances(address(several), several.size // max(length, 1), address(many),
+    check(library.ORV_Distances(address(several), several.size // length, address(many),
                                 len(many), length, counted, address(found)))
     return found
 
@@ -124,9 +125,9 @@ def nearest(targets: BytesLike, features: BytesLike, k: SupportsIndex = 10, *,
     several = as_targets(targets)
     length = several.shape[-1]
     many = as_features(features, length)
-    wanted = min(as_count(k, "k", 1), max(len(many), 1))
+    wanted = min(as_count(k, "k", 1), len(many))
     counted = min(as_count(threads, "threads", 0), _MOST_THREADS)
-    matches = np.empty(several.shape[:-1] + (min(wanted, len(many)),), dtype=_MATCH)
-    check(library.ORV_Nearest(address(several), several.size // max(length, 1), address(many),
-                              len(many), length, wanted, counted, address(matches)))
+    matches = np.empty(several.shape[:-1] + (wanted,), dtype=_MATCH)
+    check(library.ORV_Nearest(address(several), several.size // length, address(many), len(many),
+                              length, max(wanted, 1), counted, address(matches)))
     return matches["distance"].copy(), matches["index"].astype(np.int64)

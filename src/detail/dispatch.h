@@ -43,13 +43,17 @@ enum class InstructionSet {
   kAvx512,  // F, BW, VL, VPOPCNTDQ, and POPCNT
 };
 
-/// The attribute lists of functions for these sets; gcc uses whole registers only when told to.
-#define VORQUELL_AVX2 "avx2,popcnt"
+/// The attributes of functions for these sets; gcc uses whole registers only when told to. What
+/// such a function calls for every few bytes is inlined.
+#define VORQUELL_AVX2 __attribute__((target("avx2,popcnt")))
 #ifdef __clang__
-#define VORQUELL_AVX512 "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt"
+#define VORQUELL_AVX512 __attribute__((target("avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt")))
 #else
-#define VORQUELL_AVX512 "avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt,prefer-vector-width=512"
+#define VORQUELL_AVX512 \
+  __attribute__((       \
+      target("avx512f,avx512bw,avx512vl,avx512vpopcntdq,popcnt,prefer-vector-width=512")))
 #endif
+#define VORQUELL_INLINE inline __attribute__((always_inline))
 
 inline bool processorHas(InstructionSet set) {
   switch (set) {

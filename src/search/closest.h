@@ -35,7 +35,10 @@ class Closest {
     limit_ = entries_.front().bits;
   }
 
-  /// Takes over what `other` keeps; afterwards only entries() and this function may be called.
+  /// Makes room for all `k` entries.
+  void reserve() { entries_.reserve(k_); }
+
+  /// Takes over what `other` keeps; afterwards only sorted() and this function may be called.
   void merge(const Closest& other) {
     entries_.insert(entries_.end(), other.entries_.begin(), other.entries_.end());
   }

@@ -106,9 +106,8 @@ void Comparison::estimate() {
 }
 
 int Comparison::matchFile(std::uint64_t query, Buffer& buffer, Kept* closest) const {
-  const File file(queries_.name(query));
-  if (file.error() != 0) return file.error();
-  if (const int error = buffer.read(file, longestQuery(target_.size())); error != 0) return error;
+  const int error = buffer.read(File(queries_.name(query)), longestQuery(target_.size()));
+  if (error != 0) return error;
   return matchQuery(target_.bytes(), target_.size(), buffer.bytes(), buffer.size(), closest);
 }
 

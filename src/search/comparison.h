@@ -32,6 +32,8 @@ struct Outcome {
   std::vector<Failure> failures;  // in the order of the queries
 };
 
+/// Compares everything that can be, showing the progress on standard error. Throws std::bad_alloc
+/// where there is no memory.
 Outcome compareAll(const Buffer& target, const Queries& queries, const Options& options);
 
 }  // namespace vorquell::search

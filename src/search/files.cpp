@@ -64,12 +64,14 @@ int Buffer::fill(std::uint64_t most, ReadSome readSome) {
 }
 
 int Buffer::read(const File& file, std::uint64_t most) {
+  if (file.error() != 0) return file.error();
   return fill(most, [&](char* bytes, std::uint64_t size) {
     return ::read(file.descriptor(), bytes, size);
   });
 }
 
 int Buffer::readAt(const File& file, std::uint64_t most, std::uint64_t offset) {
+  if (file.error() != 0) return file.error();
   return fill(most, [&](char* bytes, std::uint64_t size) {
     return pread(file.descriptor(), bytes, size, static_cast<off_t>(offset + size_));
   });

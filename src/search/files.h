@@ -41,7 +41,8 @@ class Buffer {
   std::uint64_t size() const { return size_; }
 
   /// Reads until the end or until there are `most` bytes, from where the file stands or, without
-  /// moving it, from `offset`. Returns 0 or the error; std::bad_alloc where there is no memory.
+  /// moving it, from `offset`. Returns 0 or the error, that of opening included; std::bad_alloc
+  /// where there is no memory.
   int read(const File& file, std::uint64_t most);
   int readAt(const File& file, std::uint64_t most, std::uint64_t offset);
 

@@ -17,9 +17,6 @@
 #include "detail/dispatch.h"
 #include "search/kernels.h"
 
-#define AVX2 __attribute__((target(VORQUELL_AVX2)))
-#define INLINE inline __attribute__((always_inline))
-
 namespace vorquell::search {
 
 using PairCounter = std::uint64_t(const char*, const char*, std::uint64_t);
@@ -33,7 +30,7 @@ GroupCounter countGroupsAvx2;
 /// differingBits() with AVX2.
 PairCounter differingBitsAvx2;
 
-AVX2 INLINE void storeAvx2(void* bytes, __m256i value) {
+VORQUELL_AVX2 VORQUELL_INLINE void storeAvx2(void* bytes, __m256i value) {
   _mm256_storeu_si256(static_cast<__m256i*>(bytes), value);
 }
 
@@ -44,7 +41,7 @@ AVX2 INLINE void storeAvx2(void* bytes, __m256i value) {
 //   unpack    the sums of two pairs side by side, added                               4 -> 2
 //   fold      the upper half of the register onto the lower one                       2 -> 1
 
-AVX2 INLINE __m256i foldPairs(const __m256i (&pairs)[4]) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i foldPairs(const __m256i (&pairs)[4]) {
   const __m256i a = _mm256_add_epi64(_mm256_unpacklo_epi64(pairs[0], pairs[1]),
                                      _mm256_unpackhi_epi64(pairs[0], pairs[1]));
   const __m256i b = _mm256_add_epi64(_mm256_unpacklo_epi64(pairs[2], pairs[3]),

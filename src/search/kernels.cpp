@@ -13,9 +13,9 @@ namespace {
 
 /// Each feature alone, as the compiler counts bits with what the set has.
 template <bool kWordByWord>
-INLINE std::uint64_t countOneByOne(const char* target, const char* features,
-                                   std::uint64_t featureCount, std::uint64_t length,
-                                   std::uint32_t limit, std::uint32_t* counts) {
+VORQUELL_INLINE std::uint64_t countOneByOne(const char* target, const char* features,
+                                            std::uint64_t featureCount, std::uint64_t length,
+                                            std::uint32_t limit, std::uint32_t* counts) {
   std::uint64_t counted = 0;
   while (counted < featureCount) {
     std::uint32_t lowest = limit;
@@ -47,9 +47,8 @@ constexpr Variant<GroupCounter> kGroupCounters[] = {
     {InstructionSet::kBaseline, countGroupsPlain},
 };
 
-__attribute__((target(VORQUELL_AVX512))) std::uint64_t differingBitsAvx512(const char* a,
-                                                                           const char* b,
-                                                                           std::uint64_t length) {
+VORQUELL_AVX512 std::uint64_t differingBitsAvx512(const char* a, const char* b,
+                                                  std::uint64_t length) {
   return countBits<false>(a, b, length);
 }
 

@@ -6,7 +6,8 @@
 
 namespace vorquell::search {
 
-/// Counts the bits in which two features of `length` bytes differ.
+/// Counts the bits in which two features of `length` bytes, at most kMaxLength here and below,
+/// differ.
 std::uint64_t differingBits(const char* a, const char* b, std::uint64_t length);
 
 /// Features are counted in groups of so many.

@@ -13,8 +13,8 @@ namespace {
 constexpr std::uint64_t kStretch = 255 / 8 * kVector;
 
 /// The sums of the bytes after the whole registers, eight features' in one.
-AVX2 INLINE __m256i countRests(const char* target, const char* features, std::uint64_t length,
-                               std::uint64_t whole) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i countRests(const char* target, const char* features,
+                                                 std::uint64_t length, std::uint64_t whole) {
   std::uint32_t rests[kGroup];
   for (std::uint64_t i = 0; i < kGroup; ++i) {
     rests[i] = static_cast<std::uint32_t>(
@@ -24,8 +24,9 @@ AVX2 INLINE __m256i countRests(const char* target, const char* features, std::ui
 }
 
 template <std::uint64_t kLength>
-AVX2 std::uint64_t countAvx2(const char* target, const char* features, std::uint64_t featureCount,
-                             std::uint64_t anyLength, std::uint32_t limit, std::uint32_t* counts) {
+VORQUELL_AVX2 std::uint64_t countAvx2(const char* target, const char* features,
+                                      std::uint64_t featureCount, std::uint64_t anyLength,
+                                      std::uint32_t limit, std::uint32_t* counts) {
   const std::uint64_t length = kLength != 0 ? kLength : anyLength;
   const std::uint64_t whole = length - length % kVector;
   const __m256i limits = _mm256_set1_epi32(static_cast<int>(limit));
@@ -62,9 +63,9 @@ AVX2 std::uint64_t countAvx2(const char* target, const char* features, std::uint
 
 }  // namespace
 
-AVX2 std::uint64_t countGroupsAvx2(const char* target, const char* features,
-                                   std::uint64_t featureCount, std::uint64_t length,
-                                   std::uint32_t limit, std::uint32_t* counts) {
+VORQUELL_AVX2 std::uint64_t countGroupsAvx2(const char* target, const char* features,
+                                            std::uint64_t featureCount, std::uint64_t length,
+                                            std::uint32_t limit, std::uint32_t* counts) {
   switch (length) {
     case 32:
       return countAvx2<32>(target, features, featureCount, length, limit, counts);
@@ -75,7 +76,7 @@ AVX2 std::uint64_t countGroupsAvx2(const char* target, const char* features,
   }
 }
 
-AVX2 std::uint64_t differingBitsAvx2(const char* a, const char* b, std::uint64_t length) {
+VORQUELL_AVX2 std::uint64_t differingBitsAvx2(const char* a, const char* b, std::uint64_t length) {
   if (length < 2 * kVector) return countBits<true>(a, b, length);
   const __m256i counts = countDifferingVectors(a, b, length);
   const __m128i halves =

@@ -1,20 +1,18 @@
 #include "search/kernelParts.h"
 
-#define AVX512 __attribute__((target(VORQUELL_AVX512)))
-
 namespace vorquell::search {
 
 namespace {
 
 constexpr std::uint64_t kAvx512Bytes = sizeof(__m512i);
 
-AVX512 INLINE __m256i foldHalves(__m512i sums) {
+VORQUELL_AVX512 VORQUELL_INLINE __m256i foldHalves(__m512i sums) {
   return _mm256_add_epi64(_mm512_castsi512_si256(sums), _mm512_extracti64x4_epi64(sums, 1));
 }
 
 using Avx512Sums = __m512i[kGroup];
 
-AVX512 INLINE __m256i foldSums(const Avx512Sums& sums) {
+VORQUELL_AVX512 VORQUELL_INLINE __m256i foldSums(const Avx512Sums& sums) {
   __m256i pairs[4];
 #pragma GCC unroll 4
   for (std::size_t i = 0; i < 4; ++i) {
@@ -23,14 +21,15 @@ AVX512 INLINE __m256i foldSums(const Avx512Sums& sums) {
   return foldPairs(pairs);
 }
 
-AVX512 INLINE __m512i bitsOf(const char* feature, __m512i wanted) {
+VORQUELL_AVX512 VORQUELL_INLINE __m512i bitsOf(const char* feature, __m512i wanted) {
   return _mm512_popcnt_epi64(_mm512_loadu_si512(feature) ^ wanted);
 }
 
 /// A known length: one feature after the other, as they lie in memory, so that the processor
 /// fetches ahead. The empty assembly keeps g++ from mixing them.
 template <std::uint64_t kLength>
-AVX512 INLINE void addInOrder(const char* target, const char* features, Avx512Sums& sums) {
+VORQUELL_AVX512 VORQUELL_INLINE void addInOrder(const char* target, const char* features,
+                                                Avx512Sums& sums) {
 #pragma GCC unroll 8
   for (std::uint64_t i = 0; i < kGroup; ++i) {
 #pragma GCC unroll 4
@@ -42,8 +41,8 @@ AVX512 INLINE void addInOrder(const char* target, const char* features, Avx512Su
 }
 
 /// Any length: the same bytes of all eight, so that the target is read once.
-AVX512 INLINE void addTogether(const char* target, const char* features, std::uint64_t length,
-                               Avx512Sums& sums) {
+VORQUELL_AVX512 VORQUELL_INLINE void addTogether(const char* target, const char* features,
+                                                 std::uint64_t length, Avx512Sums& sums) {
   for (std::uint64_t at = 0; at + kAvx512Bytes <= length; at += kAvx512Bytes) {
     const __m512i wanted = _mm512_loadu_si512(target + at);
 #pragma GCC unroll 8
@@ -54,8 +53,8 @@ AVX512 INLINE void addTogether(const char* target, const char* features, std::ui
 }
 
 /// The bytes after the last whole register.
-AVX512 INLINE void addRests(const char* target, const char* features, std::uint64_t length,
-                            Avx512Sums& sums) {
+VORQUELL_AVX512 VORQUELL_INLINE void addRests(const char* target, const char* features,
+                                              std::uint64_t length, Avx512Sums& sums) {
   const std::uint64_t whole = length - length % kAvx512Bytes;
   const __mmask64 rest = (std::uint64_t{1} << (length % kAvx512Bytes)) - 1;
   const __m512i wanted = _mm512_maskz_loadu_epi8(rest, target + whole);
@@ -68,9 +67,9 @@ AVX512 INLINE void addRests(const char* target, const char* features, std::uint6
 
 /// For features of kLength bytes, or with kLength of 0 of any length; kHasRest: no multiple of 64.
 template <std::uint64_t kLength, bool kHasRest>
-AVX512 std::uint64_t countAvx512(const char* target, const char* features,
-                                 std::uint64_t featureCount, std::uint64_t length,
-                                 std::uint32_t limit, std::uint32_t* counts) {
+VORQUELL_AVX512 std::uint64_t countAvx512(const char* target, const char* features,
+                                          std::uint64_t featureCount, std::uint64_t length,
+                                          std::uint32_t limit, std::uint32_t* counts) {
   const __m256i limits = _mm256_set1_epi32(static_cast<int>(limit));
   for (std::uint64_t counted = 0; counted < featureCount; features += kGroup * length) {
     Avx512Sums sums = {};
@@ -90,9 +89,9 @@ AVX512 std::uint64_t countAvx512(const char* target, const char* features,
 
 /// Two features of 32 bytes in a register: after the first fold one half has the even features'
 /// sums, and the other one the odd features'.
-AVX512 std::uint64_t count32Avx512(const char* target, const char* features,
-                                   std::uint64_t featureCount, std::uint32_t limit,
-                                   std::uint32_t* counts) {
+VORQUELL_AVX512 std::uint64_t count32Avx512(const char* target, const char* features,
+                                            std::uint64_t featureCount, std::uint32_t limit,
+                                            std::uint32_t* counts) {
   const __m512i wanted = _mm512_broadcast_i64x4(detail::loadVector(target));
   const __m256i limits = _mm256_set1_epi32(static_cast<int>(limit));
   const __m512i order = _mm512_setr_epi32(0, 8, 2, 10, 1, 9, 3, 11, 0, 0, 0, 0, 0, 0, 0, 0);
@@ -117,9 +116,9 @@ AVX512 std::uint64_t count32Avx512(const char* target, const char* features,
 
 }  // namespace
 
-AVX512 std::uint64_t countGroupsAvx512(const char* target, const char* features,
-                                       std::uint64_t featureCount, std::uint64_t length,
-                                       std::uint32_t limit, std::uint32_t* counts) {
+VORQUELL_AVX512 std::uint64_t countGroupsAvx512(const char* target, const char* features,
+                                                std::uint64_t featureCount, std::uint64_t length,
+                                                std::uint32_t limit, std::uint32_t* counts) {
   if (length == 32) return count32Avx512(target, features, featureCount, limit, counts);
   const auto kernel = length % kAvx512Bytes != 0 ? countAvx512<0, true>
                       : length == 64             ? countAvx512<64, false>

@@ -1,10 +1,10 @@
 // VorquellSearch: one target, many queries, the closest first.
 #include <charconv>
 #include <cstdio>
-#include <new>
 #include <string>
 
 #include "ORV_Search.h"
+#include "search/closest.h"
 #include "search/comparison.h"
 #include "search/files.h"
 #include "search/match.h"
@@ -16,12 +16,10 @@ using namespace vorquell::search;
 
 namespace {
 
-enum Status { kAllCompared = 0, kSomeNotCompared = 1, kNothingDone = 2 };
+enum Status { kAllCompared = 0, kSomeNotCompared = 1, kFailed = 2 };
 
 void readTarget(const char* name, Buffer& target) {
-  const File file(name);
-  int error = file.error();
-  if (error == 0) error = target.read(file, kMaxLength + 1);
+  const int error = target.read(File(name), kMaxLength + 1);
   const std::string subject = std::string(name) + ": ";
   if (error != 0) throw Fatal(subject + reasonOf(error));
   if (target.size() == 0) throw Fatal(subject + "The target is empty");
@@ -46,11 +44,11 @@ std::string reasonText(const Failure& failure) {
 void printResults(const std::vector<Result>& results, const Queries& queries,
                   std::uint64_t targetLength, char lineEnd) {
   Output output;
-  char distance[16] = "";
-  std::uint32_t bitsOfDistance = 0;
+  char distance[16];
+  std::uint32_t bitsOfDistance = kNoLimit;
   char index[24];
   for (const Result& result : results) {
-    if (distance[0] == '\0' || result.bits != bitsOfDistance) {
+    if (result.bits != bitsOfDistance) {
       bitsOfDistance = result.bits;
       std::snprintf(distance, sizeof distance, "%f", distanceOf(result.bits, targetLength));
     }
@@ -87,15 +85,11 @@ Status printText(std::string_view text) {
 
 Status run(int argc, char** argv) {
   const Options options = parseOptions(argc, argv);
-  switch (options.request) {
-    case Request::kHelp:
-      return printText(kHelp);
-    case Request::kVersion:
-      return printText("VorquellSearch " VORQUELL_VERSION "\n");
-    case Request::kSearch:
-      return search(options);
+  if (options.request == Request::kHelp) return printText(kHelp);
+  if (options.request == Request::kVersion) {
+    return printText("VorquellSearch " VORQUELL_VERSION "\n");
   }
-  return kNothingDone;
+  return search(options);
 }
 
 }  // namespace
@@ -108,8 +102,8 @@ int main(int argc, char** argv) {
     printMessage(std::string(error.what()) + " (see VorquellSearch --help)");
   } catch (const Fatal& error) {
     printMessage(error.what());
-  } catch (const std::exception&) {
+  } catch (const std::exception&) {  // a container that gets no memory
     printMessage(ORV_SearchText(ORV_OUT_OF_MEMORY));
   }
-  return kNothingDone;
+  return kFailed;
 }

@@ -22,7 +22,7 @@ inline double distanceOf(std::uint32_t bits, std::uint64_t length) {
          static_cast<double>(static_cast<std::int32_t>(8 * length));
 }
 
-/// ORV_MatchQuery() of valid input.
+/// ORV_MatchQuery() of valid input, or of an empty query. On failure `closest` may be overwritten.
 int matchQuery(const char* target, std::uint64_t targetLength, const char* query,
                std::uint64_t queryLength, Kept* closest);
 

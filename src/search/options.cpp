@@ -29,7 +29,7 @@ const char kHelp[] =
     "  -h, --help              print this text\n"
     "      --version           print the version\n"
     "\n"
-    "Exit status: 0 if everything was compared, 1 if something was not, 2 if nothing could be.\n";
+    "Exit status: 0 if everything was compared, 1 if something was not, 2 on failure.\n";
 
 namespace {
 
@@ -53,10 +53,11 @@ constexpr option kLongOptions[] = {
 }
 
 template <class Number>
-Number parseNumber(std::string_view text, const char* what) {
+Number parseNumber(const char* text, const char* what) {
   Number number = 0;
-  const auto [end, error] = std::from_chars(text.begin(), text.end(), number);
-  if (error != std::errc() || end != text.end()) refuse(what, text);
+  const char* const end = text + std::strlen(text);
+  const auto [stop, error] = std::from_chars(text, end, number);
+  if (error != std::errc() || stop != end) refuse(what, text);
   return number;
 }
 
@@ -67,14 +68,13 @@ std::uint64_t parseNearest(const char* text) {
   return number;
 }
 
-double parseWithin(std::string_view text) {
+double parseWithin(const char* text) {
   constexpr char kWhat[] = "-d wants a decimal number from 0 to 1";
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  const bool isPlain =
-      std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; }) &&
-      std::count(text.begin(), text.end(), '.') <= 1 &&
-      std::any_of(text.begin(), text.end(), isDigit);
-  const double number = isPlain ? std::strtod(text.data(), nullptr) : -1.0;
+  const char* const end = text + std::strlen(text);
+  const bool isPlain = std::all_of(text, end, [&](char c) { return isDigit(c) || c == '.'; }) &&
+                       std::count(text, end, '.') <= 1 && std::any_of(text, end, isDigit);
+  const double number = isPlain ? std::strtod(text, nullptr) : -1.0;
   if (!(number >= 0.0 && number <= 1.0)) refuse(kWhat, text);
   return number;
 }
@@ -126,12 +126,14 @@ bool takeOption(Options& options, int code) {
   }
 }
 
-/// The argument that getopt_long() stumbled over: a short option stands alone or among others.
+/// What getopt_long() stumbled over: `optopt` is an unknown short option, which may stand among
+/// others in an argument that it has not passed yet; or what the last argument means; or 0.
 std::string wrongOption(char** argv) {
-  const bool isShort = optopt != 0 && optopt < kFiles0From;
-  const std::string_view last = argv[optind - 1];
-  if (isShort && !last.starts_with("--")) return {'-', static_cast<char>(optopt)};
-  return std::string(last);
+  const bool isKnown = std::any_of(std::begin(kLongOptions), std::end(kLongOptions),
+                                   [](const option& known) { return known.val == optopt; });
+  const std::string last = argv[optind - 1];
+  if (isKnown && last.starts_with("--")) return last;
+  return {'-', static_cast<char>(optopt)};
 }
 
 void takeOperands(Options& options, char** begin, char** end) {

@@ -33,7 +33,7 @@ extern const char kHelp[];
 /// "-", which for lists and packed files is standard input.
 bool isStandardInput(const char* name);
 
-/// Throws UsageError.
+/// Throws UsageError. The texts are those of `argv`, which is put in another order.
 Options parseOptions(int argc, char** argv);
 
 }  // namespace vorquell::search

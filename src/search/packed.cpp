@@ -12,22 +12,22 @@ namespace vorquell::search {
 void PackedFile::open() {
   isOpened_ = true;
   reader_ = std::this_thread::get_id();
-  const bool isStream = isStandardInput(name_);
-  file_.reset(isStream ? new File(File::standardInput()) : new File(name_));
+  const bool isStandard = isStandardInput(name_);
+  file_.reset(isStandard ? new File(File::standardInput()) : new File(name_));
   error_ = file_->error();
   if (error_ != 0) {
     file_.reset();
     return;
   }
   struct stat status;
-  isSeekable_ = !isStream && fstat(file_->descriptor(), &status) == 0 &&
-                (S_ISREG(status.st_mode) || S_ISBLK(status.st_mode));
+  isSeekable_ = !isStandard && fstat(file_->descriptor(), &status) == 0 && S_ISREG(status.st_mode);
   // With a pipe of the largest size that everyone may have, reader and writer wait less often.
   if (!isSeekable_) fcntl(file_->descriptor(), F_SETPIPE_SZ, 1 << 20);
 }
 
 void PackedFile::note(std::uint64_t begin, std::uint64_t size, int error) {
   if (size > 0) size_ = std::max(size_, begin + size);
+  if (size < blockBytes_) end_ = std::min(end_, begin + size);
   if (error != 0) error_ = error;
   if (error != 0 || size < blockBytes_) file_.reset();
 }

@@ -1,7 +1,9 @@
 // A packed file, which several threads read block by block. Used by VorquellSearch.
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -19,9 +21,10 @@ class PackedFile {
   /// read than to compare, by the first one that comes.
   bool readBlock(Buffer& buffer, std::uint64_t* begin);
 
-  /// After the last block: how many bytes were read, and what ended that, 0 for the file's end.
+  /// After the last block: how many bytes were read, and what ended that, 0 for the file's end. A
+  /// file that grew or shrank meanwhile, so that bytes between blocks are missing, ended with EIO.
   std::uint64_t size() const { return size_; }
-  int error() const { return error_; }
+  int error() const { return error_ == 0 && size_ > end_ ? EIO : error_; }
 
  private:
   void open();
@@ -36,6 +39,7 @@ class PackedFile {
   bool isSeekable_ = false;
   std::uint64_t next_ = 0;
   std::uint64_t size_ = 0;
+  std::uint64_t end_ = std::numeric_limits<std::uint64_t>::max();  // of the first short block
   int error_ = 0;
 };
 

@@ -47,9 +47,9 @@ std::string progressText(std::uint64_t done, std::optional<std::uint64_t> expect
 }
 
 Progress::Progress(ProgressWhen when, bool isTerminal)
-    : isTerminal_(isTerminal && when != ProgressWhen::kNever),
+    : isInPlace_(isTerminal && when != ProgressWhen::kNever),
       isAlways_(when == ProgressWhen::kAlways),
-      isShown_(isAlways_ || isTerminal_) {}
+      isShown_(isAlways_ || isInPlace_) {}
 
 Progress::~Progress() {
   end();
@@ -73,7 +73,7 @@ void Progress::end() {
   ended_.notify_one();
   printer_.join();
   if (isAlways_) print();
-  if (!isTerminal_) return;
+  if (!isInPlace_) return;
   if (isAlways_) {
     writeAll(STDERR_FILENO, "\n");
   } else if (isLineShown_) {
@@ -89,8 +89,11 @@ void Progress::printEverySecond() {
 void Progress::print() {
   isLineShown_ = true;
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin_;
-  const std::string text = progressText(done_, expected_, elapsed.count());
-  writeAll(STDERR_FILENO, isTerminal_ ? kEraseLine + text : text + '\n');
+  try {
+    const std::string text = progressText(done_, expected_, elapsed.count());
+    writeAll(STDERR_FILENO, isInPlace_ ? kEraseLine + text : text + '\n');
+  } catch (const std::exception&) {  // then there is no line
+  }
 }
 
 }  // namespace vorquell::search

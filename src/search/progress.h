@@ -39,7 +39,7 @@ class Progress {
   void printEverySecond();
   void print();
 
-  const bool isTerminal_;
+  const bool isInPlace_;
   const bool isAlways_;
   const bool isShown_;
   std::optional<std::uint64_t> expected_ = 0;

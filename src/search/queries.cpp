@@ -16,8 +16,7 @@ Queries::Queries(const Options& options)
 
 void Queries::readList(const char* file) {
   const File opened = isStandardInput(file) ? File::standardInput() : File(file);
-  int error = opened.error();
-  if (error == 0) error = list_.read(opened, std::numeric_limits<std::uint64_t>::max());
+  const int error = list_.read(opened, std::numeric_limits<std::uint64_t>::max());
   if (error != 0) throw Fatal(std::string(file) + ": " + reasonOf(error));
   list_.endWithNul();
   const char* const end = list_.bytes() + list_.size();

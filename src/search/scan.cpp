@@ -90,16 +90,18 @@ void writeNearestOfBlock(const Features& targets, const Features& features, std:
   std::vector<std::vector<Row>> found(threads);
   runOnThreads(threads, [&](unsigned worker) {
     std::vector<Row> rows(targets.count, Row(k));
+    for (Row& row : rows) row.reserve();
     for (std::uint64_t chunk; chunks.next(&chunk);) {
       scanChunk(targets, pieceOf(features, chunk, size), chunk * size, rows);
     }
     found[worker] = std::move(rows);
   });
   for (std::uint64_t t = 0; t < targets.count; ++t) {
-    for (unsigned worker = 1; worker < threads; ++worker) {
-      if (!found[worker].empty()) found[0][t].merge(found[worker][t]);
+    Row closest(k);
+    for (const std::vector<Row>& rows : found) {
+      if (!rows.empty()) closest.merge(rows[t]);
     }
-    writeRow(found[0][t], features.length, matches + t * k);
+    writeRow(closest, features.length, matches + t * k);
   }
 }
 

@@ -35,7 +35,9 @@ std::uint64_t blockSize(std::uint64_t length);
 /// that fill no group, and all where the processor's prefetching does not follow eight features at
 /// a time that come from memory, as several of them lie in the same page.
 inline std::uint64_t countInGroups(const Features& block, bool isCached) {
-  if (!isCached && block.length >= 256 && block.length < 4096) return 0;
+  constexpr std::uint64_t kFirstUnfollowed = 256;
+  constexpr std::uint64_t kPage = 4096;
+  if (!isCached && block.length >= kFirstUnfollowed && block.length < kPage) return 0;
   return block.count - block.count % kGroup;
 }
 
@@ -72,7 +74,8 @@ void scanBlock(const char* target, const Features& block, bool isCached, Closest
   }
 }
 
-/// ORV_Distances() and ORV_Nearest() of valid input; std::bad_alloc where there is no memory.
+/// ORV_Distances() and ORV_Nearest() of valid input, no count 0 and `k` at most that of the
+/// features; std::bad_alloc where there is no memory.
 void writeDistances(const Features& targets, const Features& features, unsigned threads,
                     double* distances);
 void writeNearest(const Features& targets, const Features& features, std::uint64_t k,

@@ -22,8 +22,9 @@ void prepareStandardStreams();
 /// Prints "VorquellSearch: " and `text` as one line on standard error, where that can be written.
 void printMessage(std::string_view text);
 
-/// Standard output, in large writes. Where it cannot be written, throws Fatal; a reader that closed
-/// the pipe ends the program by SIGPIPE, unless the caller has that signal ignored.
+/// Standard output, in large writes; the last one is finish()'s. Where it cannot be written, throws
+/// Fatal; after prepareStandardStreams() a reader that closed the pipe ends the program by SIGPIPE,
+/// unless the caller has that signal ignored.
 class Output {
  public:
   void append(std::string_view text);

@@ -78,17 +78,22 @@ FEATURES = np.zeros((3, 4), dtype=np.uint8)
     (ValueError, r"targets: got shape \(1, 3, 4\)", lambda: vorquell.nearest(FEATURES[None], b"")),
     (ValueError, r"target: got shape \(\)", lambda: vorquell.distance(np.array(1, "u1"), b"1")),
     (ValueError, r"target: got shape \(3, 4\)", lambda: vorquell.match(FEATURES, b"1234")),
-    (ValueError, r"features: got shape \(0,\), want \(n, 0\)", lambda: vorquell.distances(b"", b"")),
+    (ValueError, "targets: got length 0, want 1 to 268435455",
+     lambda: vorquell.distances(b"", b"1234")),
+    (ValueError, "targets: got length 268435456",
+     lambda: vorquell.nearest(np.zeros(1 << 28, dtype=np.uint8), b"")),
     (ValueError, "k: got 0, want 1", lambda: vorquell.nearest(b"1234", FEATURES, 0)),
     (TypeError, "k: got float, want an integer", lambda: vorquell.nearest(b"1234", FEATURES, 2.0)),
     (ValueError, "threads: got -1", lambda: vorquell.distances(b"1234", FEATURES, threads=-1)),
-    (ValueError, "", lambda: vorquell.distance(b"", b"1")),
+    (ValueError, "target: got length 0", lambda: vorquell.distance(b"", b"1")),
     (ValueError, "", lambda: vorquell.distance(b"1234", b"123")),
     (ValueError, "", lambda: vorquell.distance(b"1234", vorquell.wrap([b"1234"])[:-1])),
     (ValueError, "features: got 0, want 1 to 1500", lambda: vorquell.wrap([])),
     (ValueError, "features: got 1501", lambda: vorquell.wrap([b"1"] * 1501)),
     (ValueError, r"features: got lengths \[1, 2\]", lambda: vorquell.wrap([b"1", b"", b"22"])),
-    (TypeError, "features: got bytes", lambda: vorquell.wrap(b"1234")),
+    (TypeError, r"features: got bytes of shape \(4,\), want \(n, length\)",
+     lambda: vorquell.wrap(b"1234")),
+    (TypeError, "features: got mmap", lambda: vorquell.wrap(mmap.mmap(-1, 4))),
     (ValueError, "length: got 0", lambda: vorquell.unwrap(vorquell.wrap([b"1"]), 0)),
     (ValueError, "", lambda: vorquell.unwrap(b"1234567", 1)),
     (ValueError, "", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:217], 2)),
@@ -106,7 +111,9 @@ def test_bitstreams_are_wrapped_and_unwrapped() -> None:
     assert vorquell.unwrap(stream, 5) == features
     assert vorquell.match(features[2], stream) == (0.0, 3)
     assert vorquell.unwrap(stream, 4) == []
-    assert vorquell.unwrap(vorquell.wrap(np.uint8([[1, 2], [3, 4]])), 2) == [b"\1\2", b"\3\4"]
+    pairs = np.uint8([[1, 2], [3, 4]])
+    assert vorquell.unwrap(vorquell.wrap(pairs), 2) == [b"\1\2", b"\3\4"]
+    assert vorquell.wrap(memoryview(pairs)) == vorquell.wrap(pairs)
     assert vorquell.unwrap(stream[:4] + b"\x08\0\0\0", 5) == []
     assert vorquell.distance(b"\0\0", b"\0\x03") == 0.125
 

@@ -2,7 +2,8 @@
 /// Loading whole files, into a block of memory or a string. Nothing is printed. Callable from any
 /// thread; the only state used is the offset of the status codes, which xReadWholeFile2() reads.
 ///
-/// A null path counts as an empty one, which names no file. Folders and FIFOs have no size.
+/// A null path counts as an empty one, which names no file. Folders, and what cannot be positioned
+/// (FIFOs, sockets, terminals), have no size.
 ///
 /// @warning Opening a FIFO blocks until the other end is opened. See docs/hazards.md.
 #pragma once

@@ -51,7 +51,7 @@ wchar_t* xGetFileNameExtension(const wchar_t* path);
 ///
 /// @warning No output is bounded: each must have room for what it receives and a terminator. 1024
 /// characters hold every name, the length of `path` plus 1 every folder. See docs/hazards.md.
-/// @param name,folder  receive the two; null for what is not wanted
+/// @param name,folder  receive the two; null for what is not wanted; `folder` alone may be `path`
 /// @return 0; or, with nothing written, the status codes offset - 51 ("Fail to locate the file")
 /// for a null path and offset - 57 ("File path too long") when any component is longer than 1023
 /// characters

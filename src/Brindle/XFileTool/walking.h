@@ -44,8 +44,8 @@ struct flist {
 int xSortFiles(const void* a, const void* b);
 
 /// Appends a copy of an entry, which may be one of the list's own: the bytes of the record's
-/// length, and in any case its name; the rest of the copy is zero. The list grows to a capacity of
-/// 16, then to twice the one before.
+/// length, and in any case its name; the rest of the copy is zero, as is the last byte of a name
+/// that fills its place. The list grows to a capacity of 16, then to twice the one before.
 ///
 /// Without memory, or beyond what `capacity` can count, writes "Out of memory\n" to standard error
 /// and ends the process with status 1. See docs/hazards.md.

@@ -72,26 +72,24 @@ bool isWellFormedPlain(const Byte* bytes, std::size_t length) {
   return true;
 }
 
-#define AVX2_INLINE __attribute__((target(VORQUELL_AVX2), always_inline)) inline
-
 constexpr std::size_t kVector = sizeof(__m256i);
 
-AVX2_INLINE __m256i loadVector(const Byte* bytes) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i loadVector(const Byte* bytes) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
 }
 
 using Table = Byte[16];
 
 /// The entries of `table` at the low halves of the bytes of `index`; 0 where its bit 7 is set.
-AVX2_INLINE __m256i lookUp(const Table& table, __m256i index) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i lookUp(const Table& table, __m256i index) {
   const __m128i entries = _mm_loadu_si128(reinterpret_cast<const __m128i*>(table));
   return _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(entries), index);
 }
 
-AVX2_INLINE __m256i lowHalves(__m256i bytes) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i lowHalves(__m256i bytes) {
   return bytes & _mm256_set1_epi8(0x0F);
 }
-AVX2_INLINE __m256i highHalves(__m256i bytes) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i highHalves(__m256i bytes) {
   return lowHalves(_mm256_srli_epi16(bytes, 4));
 }
 
@@ -110,7 +108,7 @@ constexpr Table kRefusedLow = {
 // clang-format on
 
 /// Not zero where an ASCII byte is none that text may hold.
-AVX2_INLINE __m256i refusedAscii(__m256i bytes) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i refusedAscii(__m256i bytes) {
   return lookUp(kRefusedHigh, highHalves(bytes)) & lookUp(kRefusedLow, bytes);
 }
 
@@ -151,7 +149,7 @@ constexpr Table kSecondHigh = {
 /// before, corrected where an earlier one makes it a third or fourth byte (Keiser, Lemire:
 /// Validating UTF-8 In Less Than One Instruction Per Byte, 2021). 2.2 times as fast as the plain
 /// loop with the same registers.
-AVX2_INLINE __m256i brokenSequences(const Byte* at) {
+VORQUELL_AVX2 VORQUELL_INLINE __m256i brokenSequences(const Byte* at) {
   const __m256i before = loadVector(at - 1);
   const __m256i wrong = lookUp(kFirstHigh, highHalves(before)) &
                         lookUp(kFirstLow, lowHalves(before)) &
@@ -166,7 +164,7 @@ AVX2_INLINE __m256i brokenSequences(const Byte* at) {
 /// Checks `kVectors` vectors. Where they hold ASCII only, no sequence is looked at, which takes
 /// less than half the time.
 template <std::size_t kVectors>
-AVX2_INLINE bool isWellFormedBlock(const Byte* block) {
+VORQUELL_AVX2 VORQUELL_INLINE bool isWellFormedBlock(const Byte* block) {
   constexpr std::size_t kSize = kVectors * kVector;
   __m256i any = loadVector(block - kLongestTail);
   for (std::size_t at = 0; at < kSize; at += kVector) any |= loadVector(block + at);
@@ -180,8 +178,7 @@ AVX2_INLINE bool isWellFormedBlock(const Byte* block) {
 }
 
 /// isWellFormedPlain() with whole registers; the last one overlaps the one before.
-__attribute__((target(VORQUELL_AVX2))) bool isWellFormedAvx2(const Byte* bytes,
-                                                             std::size_t length) {
+VORQUELL_AVX2 bool isWellFormedAvx2(const Byte* bytes, std::size_t length) {
   constexpr std::size_t kVectors = 4;
   constexpr std::size_t kBlock = kVectors * kVector;
   if (length < kVector) return isWellFormedPlain(bytes, length);

@@ -8,7 +8,7 @@ inline constexpr float kNearZeroF = 1e-6F;
 inline constexpr double kNearZero = static_cast<double>(kNearZeroF);
 static_assert(kNearZero == 9.999999974752427e-7);
 
-/// What is not a number is not zero.
+/// NaN is not zero.
 inline bool isNearZero(double value) {
   return -kNearZero <= value && value <= kNearZero;
 }

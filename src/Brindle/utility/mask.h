@@ -83,8 +83,8 @@ int erosion(unsigned char* image, int width, int height);
 ///
 /// When the segment touches no set pixel, isLeft2DLineDouble((x2, y2), (x1, y1), pixel) decides:
 /// - when the segment's extension touches a set pixel, the side on which more positions of the
-///   mask's whole rectangle lie, set or not; 1 when they are as many. This looks at every position
-///   (8 ms for 3000 x 3000);
+///   mask's whole rectangle lie, set or not; 1 when they are as many. This looks at every
+///   position;
 /// - otherwise the side of the first set pixel, row by row; 0 when it lies exactly on the line;
 /// - without a set pixel the side of (originX + width / 2, originY + height / 2), halved in whole
 ///   numbers; -1 when it lies exactly on the line.

@@ -36,8 +36,9 @@ void safeDelete2DDouble(int rows, double**& M);
 void safeDelete2DInteger(int rows, int**& M);
 /// @}
 
-/// Copies `src`, which comes first, to `dst`: copyMatrix() row by row, copyMatrixInt() element by
-/// element, column after column, also where the two overlap.
+/// Copies `src`, which comes first, to `dst`: copyMatrix() row by row, no row of which may overlap
+/// its copy in part; copyMatrixInt() element by element, column after column, also where the two
+/// overlap.
 /// @{
 void copyMatrix(double** src, double** dst, int rows, int cols);
 void copyMatrixInt(int** src, int** dst, int rows, int cols);
@@ -84,10 +85,10 @@ bool isZeroMat(int rows, int cols, double** M);
 /// `n` is below 1.
 ///
 /// Meant for small matrices. From 10 columns on it allocates a table of 2^n doubles for as long as
-/// it runs; time and memory double with each column. Beyond 24 columns (128 MiB) each further
-/// column multiplies the time by the number of columns instead, and so does each column beyond 9
-/// when there is no memory for the table. Throws std::bad_alloc when there is none even for one
-/// minor; nothing stays allocated then.
+/// it runs; memory doubles with each column, time a little more. Beyond 24 columns (128 MiB) each
+/// further column multiplies the time by the number of columns instead, and so does each column
+/// beyond 9 when there is no memory for the table. Throws std::bad_alloc when there is none even
+/// for the minors, one of each size down to 9 columns; nothing stays allocated then.
 double matrixDet(double** A, int n);
 
 /// Inverts a matrix of three rows or of two: the adjugate over the determinant, which is that of

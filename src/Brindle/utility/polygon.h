@@ -123,8 +123,9 @@ bool lineSegmentInsideConvexHull(double* p0, double* p1, double* hull, int n);
 /// point and the last point, and of the last point once more if their y differ.
 ///
 /// Turns are those of isLeft2DLine(), exact where width times height of the points' bounding box is
-/// below 2^31, as with coordinates from 0 to 46340. Beyond that turn values wrap around and the
-/// result need not be a hull; what does not fit into n + 1 points is then left out.
+/// below 2^31, as with coordinates from 0 to 46340. Beyond that turn values wrap around; then,
+/// and where points are not sorted, the result need not be a hull, and what does not fit into n + 1
+/// points is left out.
 /// @param points  sorted by increasing x and, for equal x, by increasing y
 /// @param hull  has room for n + 1 points
 int chainHull_2D(int* points, int n, int* hull);

@@ -9,7 +9,7 @@
 /// Sorts `values` ascending and moves the entries of `index` in step: filled with 0 to n - 1 before
 /// the call, they are where each value came from. q_sort() does the same for the elements from
 /// `left` to `right`, both included. With fewer than two elements nothing is read. Nothing is
-/// allocated, and the stack holds at most log2(n) calls.
+/// allocated, and at most log2(n) + 1 calls are nested.
 ///
 /// Each range is partitioned around its first element. The result is deterministic, but the sort is
 /// not stable: the index entries of equal values come out in the order that the partitions leave.

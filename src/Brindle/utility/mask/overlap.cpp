@@ -109,7 +109,7 @@ bool wordsMeetPlain(const RowPairs& pairs) {
 }
 
 /// The same in 3.4 us.
-__attribute__((target(VORQUELL_AVX2))) bool wordsMeetAvx2(const RowPairs& pairs) {
+VORQUELL_AVX2 bool wordsMeetAvx2(const RowPairs& pairs) {
   return pairs.bytes > 32 ? wordsMeet<Vector32>(pairs) : wordsMeetPlain(pairs);
 }
 

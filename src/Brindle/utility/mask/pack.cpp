@@ -47,8 +47,7 @@ inline void packBlock(const unsigned char* pixels, unsigned char* packed) {
 
 /// The same in 15 us: the comparisons move to bits at once. As the first pixel's bit would be the
 /// lowest, each eight pixels are reversed before.
-__attribute__((target(VORQUELL_AVX2))) inline void packBlockAvx2(const unsigned char* pixels,
-                                                                 unsigned char* packed) {
+VORQUELL_AVX2 inline void packBlockAvx2(const unsigned char* pixels, unsigned char* packed) {
   const __m256i reverseEights = _mm256_setr_epi64x(0x0001020304050607, 0x08090A0B0C0D0E0F,
                                                    0x0001020304050607, 0x08090A0B0C0D0E0F);
   for (std::ptrdiff_t i = 0; i < 2; ++i) {
@@ -97,7 +96,7 @@ void packRowsPlain(Rows rows) {
   packRows<packBlock>(rows);
 }
 
-__attribute__((target(VORQUELL_AVX2))) void packRowsAvx2(Rows rows) {
+VORQUELL_AVX2 void packRowsAvx2(Rows rows) {
   packRows<packBlockAvx2>(rows);
 }
 

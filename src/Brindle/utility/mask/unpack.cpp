@@ -54,8 +54,7 @@ inline void unpackBlock(const unsigned char* packed, unsigned char* out) {
 }
 
 /// The same in 15 us: four bytes are broadcast and each shuffled to its eight pixels at once.
-__attribute__((target(VORQUELL_AVX2))) inline void unpackBlockAvx2(const unsigned char* packed,
-                                                                   unsigned char* out) {
+VORQUELL_AVX2 inline void unpackBlockAvx2(const unsigned char* packed, unsigned char* out) {
   const __m256i pixelBits = _mm256_set1_epi64x(static_cast<long long>(kPixelBits));
   const __m256i eightOfEach =
       _mm256_setr_epi64x(0, 0x0101010101010101, 0x0202020202020202, 0x0303030303030303);
@@ -112,7 +111,7 @@ void unpackRowsPlain(Rows rows) {
   unpackRows<unpackBlock>(rows);
 }
 
-__attribute__((target(VORQUELL_AVX2))) void unpackRowsAvx2(Rows rows) {
+VORQUELL_AVX2 void unpackRowsAvx2(Rows rows) {
   unpackRows<unpackBlockAvx2>(rows);
 }
 

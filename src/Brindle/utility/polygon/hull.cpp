@@ -37,7 +37,8 @@ class HullChain {
   /// Walks from points[first] to points[last], in either direction, and keeps the chain turning
   /// left. Points on the line from the chain's end to points[last], or to its left, are skipped:
   /// they lie inside or in the other half. What was in the chain before stays. Returns false when
-  /// the chain became full on the way, which happens only where turns wrap around.
+  /// the chain became full on the way, which happens only where turns wrap around or points are not
+  /// sorted.
   bool extend(const int* points, Index first, Index last) {
     const Index fixed = size_;
     const int* const baseStart = pointAt(points_, fixed - 1);
