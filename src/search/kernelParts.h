@@ -40,6 +40,7 @@ VORQUELL_AVX2 VORQUELL_INLINE void storeAvx2(void* bytes, __m256i value) {
 //   pairs     a feature's sums in the low halves, the next one's in the high halves   8 -> 4
 //   unpack    the sums of two pairs side by side, added                               4 -> 2
 //   fold      the upper half of the register onto the lower one                       2 -> 1
+static_assert(kGroup == 8);
 
 VORQUELL_AVX2 VORQUELL_INLINE __m256i foldPairs(const __m256i (&pairs)[4]) {
   const __m256i a = _mm256_add_epi64(_mm256_unpacklo_epi64(pairs[0], pairs[1]),

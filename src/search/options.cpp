@@ -45,7 +45,7 @@ constexpr option kLongOptions[] = {
     {"progress", required_argument, nullptr, kProgress},
     {"help", no_argument, nullptr, 'h'},
     {"version", no_argument, nullptr, kVersion},
-    {nullptr, 0, nullptr, 0},
+    {},  // the end
 };
 
 [[noreturn]] void refuse(const char* what, std::string_view value) {

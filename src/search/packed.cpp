@@ -10,7 +10,7 @@
 namespace vorquell::search {
 
 void PackedFile::open() {
-  isOpened_ = true;
+  access_ = Access::kByOneThread;
   reader_ = std::this_thread::get_id();
   const bool isStandard = isStandardInput(name_);
   file_.reset(isStandard ? new File(File::standardInput()) : new File(name_));
@@ -20,9 +20,12 @@ void PackedFile::open() {
     return;
   }
   struct stat status;
-  isSeekable_ = !isStandard && fstat(file_->descriptor(), &status) == 0 && S_ISREG(status.st_mode);
-  // With a pipe of the largest size that everyone may have, reader and writer wait less often.
-  if (!isSeekable_) fcntl(file_->descriptor(), F_SETPIPE_SZ, 1 << 20);
+  if (!isStandard && fstat(file_->descriptor(), &status) == 0 && S_ISREG(status.st_mode)) {
+    access_ = Access::kByAll;
+  } else {
+    // With a pipe of the largest size that everyone may have, reader and writer wait less often.
+    fcntl(file_->descriptor(), F_SETPIPE_SZ, 1 << 20);
+  }
 }
 
 void PackedFile::note(std::uint64_t begin, std::uint64_t size, int error) {
@@ -34,14 +37,15 @@ void PackedFile::note(std::uint64_t begin, std::uint64_t size, int error) {
 
 bool PackedFile::readBlock(Buffer& buffer, std::uint64_t* begin) {
   std::unique_lock lock(mutex_);
-  if (!isOpened_) open();
+  if (access_ == Access::kNotOpened) open();
   const std::shared_ptr<const File> file = file_;
-  if (!file || (!isSeekable_ && reader_ != std::this_thread::get_id())) return false;
+  const bool isByAll = access_ == Access::kByAll;
+  if (!file || (!isByAll && reader_ != std::this_thread::get_id())) return false;
   *begin = next_;
   next_ += blockBytes_;
   lock.unlock();
   const int error =
-      isSeekable_ ? buffer.readAt(*file, blockBytes_, *begin) : buffer.read(*file, blockBytes_);
+      isByAll ? buffer.readAt(*file, blockBytes_, *begin) : buffer.read(*file, blockBytes_);
   lock.lock();
   note(*begin, buffer.size(), error);
   return buffer.size() > 0;

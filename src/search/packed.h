@@ -34,9 +34,8 @@ class PackedFile {
   const std::uint64_t blockBytes_;
   std::mutex mutex_;                  // guards what follows
   std::shared_ptr<const File> file_;  // for as long as there is something to read
-  bool isOpened_ = false;
-  std::thread::id reader_;
-  bool isSeekable_ = false;
+  enum class Access { kNotOpened, kByOneThread, kByAll } access_ = Access::kNotOpened;
+  std::thread::id reader_;  // the one thread
   std::uint64_t next_ = 0;
   std::uint64_t size_ = 0;
   std::uint64_t end_ = std::numeric_limits<std::uint64_t>::max();  // of the first short block

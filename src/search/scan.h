@@ -26,6 +26,7 @@ struct Features {
 
 /// The most features of a block.
 inline constexpr std::uint64_t kMaxBlock = 1024;
+static_assert(kMaxBlock % kGroup == 0);
 
 /// How many features of `length` bytes are a block: a multiple of kGroup, as many as stay in the
 /// first-level cache while all targets pass.
