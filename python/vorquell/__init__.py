@@ -6,7 +6,8 @@ features lie near 0.5.
 
 Features lie one after the other in arrays of bytes: NumPy arrays of ``uint8``, ``bytes``,
 ``memoryview``, ``mmap`` or ``numpy.memmap``. What is C-contiguous is never copied, so a file may be
-larger than memory. Features that are booleans become bytes by `numpy.packbits`:
+larger than memory; one that is truncated during a call ends the process. Features that are booleans
+become bytes by `numpy.packbits`:
 
 >>> import numpy as np
 >>> bits = np.random.default_rng(1).integers(0, 2, size=(1000, 256), dtype=bool)

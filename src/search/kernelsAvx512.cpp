@@ -25,8 +25,8 @@ VORQUELL_AVX512 VORQUELL_INLINE __m512i bitsOf(const char* feature, __m512i want
   return _mm512_popcnt_epi64(_mm512_loadu_si512(feature) ^ wanted);
 }
 
-/// A known length: one feature after the other, as they lie in memory, so that the processor
-/// fetches ahead. The empty assembly keeps g++ from mixing them.
+/// A known length: one feature after the other, so that the processor fetches ahead what comes from
+/// memory. The empty assembly keeps g++ from mixing them.
 template <std::uint64_t kLength>
 VORQUELL_AVX512 VORQUELL_INLINE void addInOrder(const char* target, const char* features,
                                                 Avx512Sums& sums) {
