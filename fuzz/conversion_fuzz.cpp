@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,18 @@
 namespace {
 
 constexpr char kLocale[] = "C.UTF-8";
+
+/// The characters of a text in the locale that is set; -1 where some bytes are none.
+int plainCount(const std::string& text) {
+  std::mbstate_t state{};
+  int count = 0;
+  for (std::size_t at = 0; at < text.size(); ++count) {
+    const std::size_t length = std::mbrtowc(nullptr, &text[at], text.size() - at, &state);
+    if (length > text.size() - at) return -1;
+    at += length;
+  }
+  return count;
+}
 
 }  // namespace
 
@@ -28,10 +41,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string upToZero = text.c_str();
   std::vector<wchar_t> wideRoom(upToZero.size() + 1);
   const int wideCount = charStr2wcharStr(upToZero.c_str(), wideRoom.data(), kLocale);
-  require(wideCount == -1 || static_cast<std::size_t>(wideCount) == wide.size());
+  require(wideCount == plainCount(upToZero) && wide == wideRoom.data());
 
   std::vector<char> narrowRoom(2 * wide.size() + 1);
   const int narrowCount = wcharStr2charStr(wide.c_str(), narrowRoom.data(), kLocale);
   require(narrowCount >= 0 && static_cast<std::size_t>(narrowCount) == narrow.size());
+  require(narrow.compare(0, narrow.npos, narrowRoom.data(), narrow.size()) == 0);
   return 0;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Input.h"
+#include "reference/PlainComparison.h"
 #include "search/comparison.h"
 #include "search/packed.h"
 #include "search/streams.h"
@@ -54,10 +55,8 @@ void checkBlocks(const std::string& path, const std::string& bytes, std::uint64_
 }
 
 std::uint32_t plainBits(const std::string& target, const char* feature) {
-  int bits = 0;
-  for (const char byte : target)
-    bits += std::popcount(static_cast<unsigned char>(byte ^ *feature++));
-  return static_cast<std::uint32_t>(bits);
+  const auto length = static_cast<int>(target.size());
+  return static_cast<std::uint32_t>(plainScores(target.data(), feature, length) * 8 * length + 0.5);
 }
 
 void checkSearch(const std::string& target, const std::vector<std::string>& files,

@@ -25,7 +25,12 @@ void refuseUnless(bool holds) {
 }
 
 struct Plain {
-  Options options{.nearest = ~0ULL, .threads = 0, .lineEnd = '\n'};  // without the texts
+  Plain() {
+    options.nearest = ~0ULL;
+    options.threads = 0;
+    options.lineEnd = '\n';
+  }
+  Options options;  // without the texts
   Texts operands, lists, packed;
 };
 

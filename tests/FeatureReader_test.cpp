@@ -42,7 +42,7 @@ TEST(FeatureReaders, RefusesWithAMessage) {
   };
   for (const auto& [bytes, length, printed] : cases) {
     EXPECT_EQ(readWith(FeatureReader(), bytes, length), Outcome(Offsets(), printed))
-        << testing::PrintToString(bytes);
+        << testing::PrintToString(bytes) << " of length " << length;
   }
   EXPECT_EQ(outcome([] { return FeatureReader().read(nullptr, 100, 10).size(); }),
             Outcome(std::size_t{0}, "read: Empty bitstream\n"));

@@ -31,8 +31,8 @@ TEST(CompareFeatures, FindsTheClosestFeatureOfABitstream) {
       double found = -7.0;
       EXPECT_EQ(outcome(ORV_CompareFeatures, target.data(), 16U, query.data(), length, &found),
                 Outcome(result, printed))
-          << testing::PrintToString(query);
-      EXPECT_SAME(found, distance) << testing::PrintToString(query);
+          << testing::PrintToString(query) << " of length " << length;
+      EXPECT_SAME(found, distance) << testing::PrintToString(query) << " of length " << length;
     }
   }
 }

@@ -70,6 +70,7 @@ def walk(folder):
     return [path.decode() for path in paths[:count.value]]
 
 
+os.umask(0o022)
 rng = np.random.default_rng(1)
 A, B = rng.integers(0, 256, (2, 64), np.uint8)
 BGR, GREY, BLUE, WHITE = rng.random((200, 3)), np.full((1, 3), .5), np.eye(1, 3), np.ones((1, 3))

@@ -328,6 +328,12 @@ const std::map<std::string, Call> kCalls = {
     {"findMeanAndSD", call([](auto& s) { return findMeanAndSD(&s.one, 1, 1, s.mean, s.sd); })},
     {"byte2BitData", call([](auto& s) { byte2BitData(s.bytes.data(), 3, 3, s.block, s.length); })},
     {"erosion", call([](auto& s) { return erosion(s.bytes.data(), 3, 3); })},
+    {"allocate2DDouble", call([](auto&) {
+       double** matrix = allocate2DDouble(2, 3);
+       safeDelete2DDouble(2, matrix);
+     })},
+    {"replaceSubString",
+     call([](auto& s) { replaceSubString(s.text, "e", std::string(50, 'x')); })},
     {"matrixDet", call(determinant)},
     {"polygonIntersect2D", call(cross)},
     {"getBigAngleIndices2DPolygon", call(findBigAngles)},

@@ -11,6 +11,7 @@
 #include "Brindle/XTypeConvertTool.h"
 #include "Brindle/utility.h"
 #include "ORV_CompareFeatures.h"
+#include "ORV_Search.h"
 #include "support/Bitstream.h"
 #include "support/Bytes.h"
 
@@ -46,6 +47,11 @@ TEST(Threads, GetWhatOneThreadGetsFromTheFirstCallOn) {
     ORV_CompareFeatures(feature.data(), 4096, query.data(), static_cast<unsigned>(query.size()),
                         &distance);
     return std::to_string(distance);
+  });
+  expectSameFromAllThreads("ORV_Nearest", [&] {
+    ORV_Match match;
+    ORV_Nearest(feature.data(), 1, image.data(), 24, 64, 1, 2, &match);
+    return std::to_string(match.distance) + " at " + std::to_string(match.index);
   });
   expectSameFromAllThreads("IsUtf8", [&] { return std::to_string(IsUtf8(text.c_str())); });
   expectSameFromAllThreads("xSwapImageDataOrder", [&] {

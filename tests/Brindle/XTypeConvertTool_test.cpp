@@ -33,7 +33,7 @@ TEST(StringConversion, LeavesTheProcessInTheLocale) {
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
   wstr2str(L"a", kUtf8);
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), kUtf8);
-  str2wstr("a", "no such locale");
+  EXPECT_EQ(str2wstr("é", "no such locale"), L"é");  // in the one before
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), kUtf8);
 }
 

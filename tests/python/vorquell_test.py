@@ -86,8 +86,8 @@ FEATURES = np.zeros((3, 4), dtype=np.uint8)
     (TypeError, "k: got float, want an integer", lambda: vorquell.nearest(b"1234", FEATURES, 2.0)),
     (ValueError, "threads: got -1", lambda: vorquell.distances(b"1234", FEATURES, threads=-1)),
     (ValueError, "target: got length 0", lambda: vorquell.distance(b"", b"1")),
-    (ValueError, "", lambda: vorquell.distance(b"1234", b"123")),
-    (ValueError, "", lambda: vorquell.distance(b"1234", vorquell.wrap([b"1234"])[:-1])),
+    (ValueError, "Neither a feature", lambda: vorquell.distance(b"1234", b"123")),
+    (ValueError, "cut short", lambda: vorquell.distance(b"1234", vorquell.wrap([b"1234"])[:-1])),
     (ValueError, "features: got 0, want 1 to 1500", lambda: vorquell.wrap([])),
     (ValueError, "features: got 1501", lambda: vorquell.wrap([b"1"] * 1501)),
     (ValueError, r"features: got lengths \[1, 2\]", lambda: vorquell.wrap([b"1", b"", b"22"])),
@@ -95,14 +95,13 @@ FEATURES = np.zeros((3, 4), dtype=np.uint8)
      lambda: vorquell.wrap(b"1234")),
     (TypeError, "features: got mmap", lambda: vorquell.wrap(mmap.mmap(-1, 4))),
     (ValueError, "length: got 0", lambda: vorquell.unwrap(vorquell.wrap([b"1"]), 0)),
-    (ValueError, "", lambda: vorquell.unwrap(b"1234567", 1)),
-    (ValueError, "", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:217], 2)),
-    (ValueError, "", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:67], 2)),
+    (ValueError, "Neither a feature", lambda: vorquell.unwrap(b"1234567", 1)),
+    (ValueError, "cut short", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:217], 2)),
+    (ValueError, "cut short", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:67], 2)),
 ])
 def test_wrong_arguments_are_named(error: type[Exception], words: str, call) -> None:
-    with pytest.raises(error, match=words) as raised:
+    with pytest.raises(error, match=words):
         call()
-    assert str(raised.value)
 
 
 def test_bitstreams_are_wrapped_and_unwrapped() -> None:

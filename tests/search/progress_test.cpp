@@ -9,7 +9,7 @@ namespace vorquell::search {
 namespace {
 
 TEST(Progress, SaysHowMuchIsDoneAndHowLongTheRestTakes) {
-  EXPECT_EQ(progressText(0, 8, 2), "[....................]   0 %  0 of 8, 0/s, ? left");
+  EXPECT_EQ(progressText(0, 1, 2), "[....................]   0 %  0 of 1, 0/s, ? left");
   EXPECT_EQ(progressText(1, 8, 2), "[##..................]  12 %  1 of 8, 0.5/s, 0:00:14 left");
   EXPECT_EQ(progressText(8, 8, 2), "[####################] 100 %  8 of 8, 4/s, 0:00:00 left");
   EXPECT_EQ(progressText(9, 8, 2), "[####################] 100 %  9 of 8, 4.5/s, 0:00:00 left");
@@ -24,12 +24,13 @@ TEST(Progress, SaysHowMuchIsDoneAndHowLongTheRestTakes) {
 /// What is printed about a comparison that takes so long, without the times.
 std::string printed(ProgressWhen when, bool isTerminal, std::chrono::milliseconds time = {}) {
   testing::internal::CaptureStderr();
-  Progress progress(when, isTerminal);
-  progress.expect(1);
-  progress.begin();
-  progress.add(1);
-  std::this_thread::sleep_for(time);
-  progress.end();
+  {
+    Progress progress(when, isTerminal);
+    progress.expect(1);
+    progress.begin();
+    progress.add(1);
+    std::this_thread::sleep_for(time);
+  }
   const std::string text = testing::internal::GetCapturedStderr();
   return std::regex_replace(text, std::regex(", [^\n]*left"), "");
 }

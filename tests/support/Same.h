@@ -65,4 +65,3 @@ testing::AssertionResult same(const char* computedText, const char*, const T& co
 
 /// Both of one type.
 #define EXPECT_SAME(computed, expected) EXPECT_PRED_FORMAT2(support::same, computed, expected)
-#define ASSERT_SAME(computed, expected) ASSERT_PRED_FORMAT2(support::same, computed, expected)

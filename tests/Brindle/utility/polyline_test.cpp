@@ -44,9 +44,10 @@ TEST(Polyline, HasTheAnglesOfThePlainForm) {
     const int radius = int(engine() % (round % 2 ? 6 : 90)), iterations = int(engine() % 4);
     const bool normalize = round % 3 == 0;
     Floats angles(3, 99.0F);
+    SCOPED_TRACE(testing::Message() << points.size() << " points, radius " << radius << ", "
+                                    << iterations << " passes");
     EXPECT_TRUE(polylineAngle(points, angles, normalize, radius, iterations));
-    EXPECT_SAME(angles, plainPolylineAngle(points, normalize, radius, iterations))
-        << points.size() << " points, radius " << radius << ", " << iterations << " passes";
+    EXPECT_SAME(angles, plainPolylineAngle(points, normalize, radius, iterations));
   }
 }
 

@@ -8,15 +8,11 @@ namespace {
 
 using U = uint64_t;
 
-void msec2HMSWithoutMs(U ms, U& hours, U& minutes, U& seconds) {
-  msec2HMS(ms, hours, minutes, seconds);
-}
-
 TEST(Timing, SplitsDurationsAndConvertsBytesAsTheTableSays) {
   support::checkTable("timing.txt",
-                      {CALLS(msec2HMS, void, U, U&, U&, U&, U&), CALLS(msec2HMSWithoutMs),
-                       CALLS(msec2FormatedString), CALLS(clocktickTohhmmss), CALLS(secondTohhmmss),
-                       CALLS(byte2KB), CALLS(byte2MB), CALLS(byte2GB), CALLS(byte2TB)});
+                      {CALLS(msec2HMS, void, U, U&, U&, U&, U&), CALLS(msec2FormatedString),
+                       CALLS(clocktickTohhmmss), CALLS(secondTohhmmss), CALLS(byte2KB),
+                       CALLS(byte2MB), CALLS(byte2GB), CALLS(byte2TB)});
 }
 
 TEST(Timing, ReadsTheWallClock) {
