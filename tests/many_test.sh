@@ -7,7 +7,7 @@ export PATH=$build:$PATH LD_LIBRARY_PATH=$build
 export PYTHONPATH=$tests/../python VORQUELL_LIBRARY_DIR=$build PYTHONDONTWRITEBYTECODE=1
 
 expect "blocks of docs/many.md" "$(sed -n 's/^```\(.\)/\1/p' "$tests/../docs/many.md" | tr '\n' ' ')" \
-  "sh sh sh python c sh sh sh sh "
+  "sh sh sh python c sh bash sh sh "
 documented 'import pathlib' | sed 's/100_000/1_000/' > make_data
 sh make_data
 wanted=$("$python" - <<'END'

@@ -1,10 +1,13 @@
 // What has variants for the processor, called first from many threads at once: each of them may be
 // the one that chooses. The preset thread builds this with ThreadSanitizer, which reports races.
 #include <gtest/gtest.h>
+#include <sched.h>
 
+#include <array>
 #include <functional>
 #include <future>
 #include <latch>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,6 +15,7 @@
 #include "Brindle/utility.h"
 #include "ORV_CompareFeatures.h"
 #include "ORV_Search.h"
+#include "search/threads.h"
 #include "support/Bitstream.h"
 #include "support/Bytes.h"
 
@@ -73,6 +77,25 @@ TEST(Threads, GetWhatOneThreadGetsFromTheFirstCallOn) {
     bitData2Byte(raw(feature), kWidth, kHeight, raw(pixels), kWidth, kHeight, 0, 0, true);
     return pixels;
   });
+}
+
+TEST(Threads, OfTheSearchRunAtOnceAndPassOnWhatTheyThrow) {
+  using namespace vorquell::search;
+  std::latch together(3);
+  std::array<int, 3> calls = {};
+  runOnThreads(3, [&](unsigned worker) {
+    ++calls[worker];
+    together.arrive_and_wait();
+  });
+  EXPECT_EQ(calls, (std::array{1, 1, 1}));
+  const auto fail = [](unsigned worker) {
+    if (worker == 1) throw std::runtime_error("worker 1");
+  };
+  EXPECT_THROW(runOnThreads(2, fail), std::runtime_error);
+  cpu_set_t processors;
+  ASSERT_EQ(sched_getaffinity(0, sizeof processors, &processors), 0);
+  EXPECT_EQ(static_cast<int>(threadCount(0)), CPU_COUNT(&processors));
+  EXPECT_EQ(threadCount(5), 5U);
 }
 
 }  // namespace

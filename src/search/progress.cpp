@@ -46,10 +46,11 @@ std::string progressText(std::uint64_t done, std::optional<std::uint64_t> expect
   return text;
 }
 
-Progress::Progress(ProgressWhen when, bool isTerminal)
+Progress::Progress(ProgressWhen when, bool isTerminal, std::chrono::milliseconds interval)
     : isInPlace_(isTerminal && when != ProgressWhen::kNever),
       isAlways_(when == ProgressWhen::kAlways),
-      isShown_(isAlways_ || isInPlace_) {}
+      isShown_(isAlways_ || isInPlace_),
+      interval_(interval) {}
 
 Progress::~Progress() {
   end();
@@ -59,7 +60,7 @@ void Progress::begin() {
   begin_ = std::chrono::steady_clock::now();
   if (!isShown_) return;
   try {
-    printer_ = std::thread([this] { printEverySecond(); });
+    printer_ = std::thread([this] { printRegularly(); });
   } catch (const std::exception&) {  // then there is no line
   }
 }
@@ -81,9 +82,9 @@ void Progress::end() {
   }
 }
 
-void Progress::printEverySecond() {
+void Progress::printRegularly() {
   std::unique_lock lock(mutex_);
-  while (!ended_.wait_for(lock, std::chrono::seconds(1), [this] { return hasEnded_; })) print();
+  while (!ended_.wait_for(lock, interval_, [this] { return hasEnded_; })) print();
 }
 
 void Progress::print() {

@@ -18,11 +18,12 @@ namespace vorquell::search {
 /// many there are.
 std::string progressText(std::uint64_t done, std::optional<std::uint64_t> expected, double seconds);
 
-/// Prints a line on standard error once a second: on a terminal in place, elsewhere one after the
-/// other. What is only for a terminal is erased at the end.
+/// Prints a line on standard error at each interval: on a terminal in place, elsewhere one after
+/// the other. What is only for a terminal is erased at the end.
 class Progress {
  public:
-  Progress(ProgressWhen when, bool isTerminal);
+  Progress(ProgressWhen when, bool isTerminal,
+           std::chrono::milliseconds interval = std::chrono::seconds(1));
   ~Progress();
 
   /// So many features more will be compared; or nobody knows how many.
@@ -36,12 +37,13 @@ class Progress {
   void end();
 
  private:
-  void printEverySecond();
+  void printRegularly();
   void print();
 
   const bool isInPlace_;
   const bool isAlways_;
   const bool isShown_;
+  const std::chrono::milliseconds interval_;
   std::optional<std::uint64_t> expected_ = 0;
   std::atomic<std::uint64_t> done_ = 0;
   std::chrono::steady_clock::time_point begin_;

@@ -36,7 +36,8 @@ done
 headers=$(cd "$prefix/include" && find . -name '*.h')
 for compiler in "$CXX" "clang++ -stdlib=libc++"; do
   echo "#include <version>" | $compiler -std=c++20 -E -x c++ - > log 2>&1 || continue
-  compile=($compiler -fsyntax-only -Wall -Wextra -Werror -I"$prefix/include" -x c++)
+  read -ra compile <<< "$compiler"
+  compile+=(-fsyntax-only -Wall -Wextra -Werror -I"$prefix/include" -x c++)
   for header in $headers; do
     echo "#include <$header>" | "${compile[@]}" -std=c++2b - || fail "$compiler: $header"
   done

@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Sourced first by the tests that are scripts: they run in a scratch folder.
 set -eu
-tests=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+tests=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." > /dev/null && pwd)
 . "$(dirname "${BASH_SOURCE[0]}")/expect.sh"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
