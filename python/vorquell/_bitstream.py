@@ -4,7 +4,7 @@ from typing import SupportsIndex
 
 import numpy as np
 
-from vorquell._arrays import LONGEST, Bytes, BytesLike, as_bytes, as_count, as_flat
+from vorquell._arrays import LONGEST, Bytes, BytesLike, as_count, as_flat
 from vorquell._library import text_of
 
 _VERSION = slice(4, 8)
@@ -53,13 +53,15 @@ def wrap(features: Iterable[BytesLike]) -> bytes:
 
 def _arrays(features: Iterable[BytesLike]) -> list[Bytes]:
     try:
-        shape = np.shape(memoryview(features))  # type: ignore[arg-type]
-    except TypeError:
-        return [as_flat(feature, "features") for feature in features]
-    if len(shape) != 2:
-        raise TypeError(f"features: got {type(features).__name__} of shape {shape}, want (n, length) "
-                        "or an iterable of bytes-likes")
-    return list(as_bytes(features, "features"))
+        view = memoryview(features)  # type: ignore[arg-type]
+    except (TypeError, ValueError):
+        pass
+    else:
+        if view.ndim == 1 and view.itemsize == 1:
+            raise TypeError(f"features: got {type(features).__name__} of shape {view.shape}, want "
+                            "(n, length) or an iterable of bytes-likes")
+        features = np.asarray(features)
+    return [as_flat(feature, "features") for feature in features]
 
 
 def _frame(feature: Bytes) -> bytes:

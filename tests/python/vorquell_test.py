@@ -112,7 +112,8 @@ def test_bitstreams_are_wrapped_and_unwrapped() -> None:
     assert vorquell.unwrap(stream, 4) == []
     pairs = np.uint8([[1, 2], [3, 4]])
     assert vorquell.unwrap(vorquell.wrap(pairs), 2) == [b"\1\2", b"\3\4"]
-    assert vorquell.wrap(memoryview(pairs)) == vorquell.wrap(pairs)
+    for same in (memoryview(pairs), np.asfortranarray(pairs), np.array([b"\1\2", b"\3\4"])):
+        assert vorquell.wrap(same) == vorquell.wrap(pairs)
     assert vorquell.unwrap(stream[:4] + b"\x08\0\0\0", 5) == []
     assert vorquell.distance(b"\0\0", b"\0\x03") == 0.125
 
