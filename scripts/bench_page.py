@@ -15,8 +15,9 @@ Made by `scripts/bench` on one machine:
 
 "Plain" is the same job done in the plainest way (`tests/reference/`, or a command of the system),
 measured turn by turn with the product in one process, after their answers were found equal; a row
-"over" something names the kernel it is compared with. Times are medians; the ratio beside a time is
-plain over product, and says more than the time does on a shared machine.
+"over" something names the kernel it is compared with. In rows "512MiB-or-sum" plain is adding up
+the same bytes, in rows "2-or-1-threads" the same with one thread. Times are medians; the ratio
+beside a time is plain over product, and says more than the time does on a shared machine.
 
 The three columns are one processor with all its instructions, with AVX2 at most, and with those
 that each x86-64 has. The product asks glibc what the processor can do, which
@@ -61,7 +62,7 @@ def measured(program: pathlib.Path, wanted: str, missing: str) -> dict[str, dict
     run = subprocess.run(
         [program, "--benchmark_format=json", f"--benchmark_filter={wanted}"],
         env=os.environ | {"GLIBC_TUNABLES": f"glibc.cpu.hwcaps={missing}"},
-        capture_output=True, text=True, check=True)
+        stdout=subprocess.PIPE, text=True, check=True)
     found = json.loads(run.stdout)["benchmarks"] if run.stdout.strip() else []
     return {b["name"].split("/iterations")[0]: b for b in found}
 
