@@ -4,6 +4,7 @@
 //
 // The linker routes the libraries' calls to the wrappers below (--wrap); operator new uses them.
 #include <dirent.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -119,7 +120,11 @@ WRAPPED(char*, getcwd, (char* path, size_t size), (path, size), nullptr)
 WRAPPED(off_t, lseek, (int file, off_t offset, int from), (file, offset, from), -1)
 WRAPPED(int, madvise, (void* block, size_t size, int advice), (block, size, advice), -1)
 WRAPPED(int, mkdir, (const char* path, mode_t mode), (path, mode), -1)
-WRAPPED(int, open, (const char* path, int flags, mode_t mode), (path, flags, mode), -1)
+int __real_open(const char* path, int flags, mode_t mode);
+int __wrap_open(const char* path, int flags, mode_t mode) {
+  const bool waitsForTheDisk = (flags & O_DSYNC) == O_DSYNC;
+  return mayCall(waitsForTheDisk ? "open(O_DSYNC)" : "open") ? __real_open(path, flags, mode) : -1;
+}
 WRAPPED(DIR*, opendir, (const char* path), (path), nullptr)
 ssize_t __real_pread(int file, void* to, size_t size, off_t at);
 ssize_t __wrap_pread(int file, void* to, size_t size, off_t at) {

@@ -30,7 +30,7 @@ std::string printed(ProgressWhen when, bool isTerminal, bool isLong = false) {
     progress.expect(1);
     progress.begin();
     progress.add(1);
-    if (isLong) std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    std::this_thread::sleep_for(std::chrono::milliseconds(isLong ? 300 : 20));
   }
   const std::string text = testing::internal::GetCapturedStderr();
   const std::string timeless = std::regex_replace(text, std::regex(", [^\n\r]*left"), "");
