@@ -131,8 +131,8 @@ bool takeOption(Options& options, int code) {
 std::string wrongOption(char** argv) {
   const bool isKnown = std::any_of(std::begin(kLongOptions), std::end(kLongOptions),
                                    [](const option& known) { return known.val == optopt; });
-  const std::string last = argv[optind - 1];
-  if (isKnown && last.starts_with("--")) return last;
+  const std::string_view last = argv[optind - 1];
+  if (isKnown && last.starts_with("--")) return std::string(last);
   return {'-', static_cast<char>(optopt)};
 }
 
