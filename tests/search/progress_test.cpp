@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <string>
 
 namespace vorquell::search {
 
@@ -22,7 +22,7 @@ TEST(Progress, SaysHowMuchIsDoneAndHowLongTheRestTakes) {
 }
 
 /// What is printed about a comparison that ends before its first line is due, or takes long;
-/// without the times, and lines that are the same as the one before.
+/// without the times.
 std::string printed(ProgressWhen when, bool isTerminal, bool isLong = false) {
   testing::internal::CaptureStderr();
   {
@@ -32,9 +32,11 @@ std::string printed(ProgressWhen when, bool isTerminal, bool isLong = false) {
     progress.add(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(isLong ? 300 : 20));
   }
-  const std::string text = testing::internal::GetCapturedStderr();
-  const std::string timeless = std::regex_replace(text, std::regex(", [^\n\r]*left"), "");
-  return std::regex_replace(timeless, std::regex("(\r[^\r]+1)\\1+"), "$1");
+  std::string text = testing::internal::GetCapturedStderr();
+  for (std::size_t at; (at = text.find(", ")) != text.npos;) {
+    text.erase(at, text.find("left", at) + 4 - at);
+  }
+  return text;
 }
 
 TEST(Progress, PrintsALineInTimeAndErasesItOnATerminalOrEndsIt) {
@@ -44,7 +46,9 @@ TEST(Progress, PrintsALineInTimeAndErasesItOnATerminalOrEndsIt) {
   EXPECT_EQ(printed(ProgressWhen::kNever, true), "");
   EXPECT_EQ(printed(ProgressWhen::kAuto, false), "");
   EXPECT_EQ(printed(ProgressWhen::kAuto, true), "");
-  EXPECT_EQ(printed(ProgressWhen::kAuto, true, true), erase + line + erase);
+  std::string lines = printed(ProgressWhen::kAuto, true, true);
+  while (lines.starts_with(erase + line + erase + line)) lines.erase(0, (erase + line).size());
+  EXPECT_EQ(lines, erase + line + erase);
 }
 
 }  // namespace
