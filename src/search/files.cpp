@@ -50,8 +50,9 @@ void Buffer::endWithNul() {
 }
 
 template <class ReadSome>
-int Buffer::fill(std::uint64_t most, ReadSome readSome) {
+int Buffer::fill(const File& file, std::uint64_t most, ReadSome readSome) {
   size_ = 0;
+  if (file.error() != 0) return file.error();
   while (size_ < most) {
     if (size_ == capacity_) grow(most);
     const std::uint64_t wanted = std::min({capacity_, most, size_ + kMostAtOnce}) - size_;
@@ -64,15 +65,13 @@ int Buffer::fill(std::uint64_t most, ReadSome readSome) {
 }
 
 int Buffer::read(const File& file, std::uint64_t most) {
-  if (file.error() != 0) return file.error();
-  return fill(most, [&](char* bytes, std::uint64_t size) {
+  return fill(file, most, [&](char* bytes, std::uint64_t size) {
     return ::read(file.descriptor(), bytes, size);
   });
 }
 
 int Buffer::readAt(const File& file, std::uint64_t most, std::uint64_t offset) {
-  if (file.error() != 0) return file.error();
-  return fill(most, [&](char* bytes, std::uint64_t size) {
+  return fill(file, most, [&](char* bytes, std::uint64_t size) {
     return pread(file.descriptor(), bytes, size, static_cast<off_t>(offset + size_));
   });
 }

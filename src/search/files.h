@@ -51,7 +51,7 @@ class Buffer {
 
  private:
   template <class ReadSome>
-  int fill(std::uint64_t most, ReadSome readSome);
+  int fill(const File& file, std::uint64_t most, ReadSome readSome);
   void grow(std::uint64_t most);
 
   char* bytes_ = nullptr;

@@ -10,10 +10,10 @@ namespace vorquell::search {
 /// `wanted`, or for 0 the number of processors that the process may run on.
 unsigned threadCount(unsigned wanted);
 
-/// Calls `work(worker)` on up to `threads` threads (1 or more) at once, the caller's as number 0
-/// included, with different numbers below `threads`, and returns when all have returned. Threads
-/// that cannot be started are done without, so `work` must leave nothing for a certain worker. What
-/// one throws is thrown here after the others have returned.
+/// Calls `work(worker)` on up to `threads` threads (1 or more) at once, with different numbers
+/// below `threads`, of which the caller is 0, and returns when all have returned. Threads that
+/// cannot be started are done without, so `work` must leave nothing for another worker. What one
+/// throws is thrown here after the others have returned.
 void runOnThreads(unsigned threads, const std::function<void(unsigned)>& work);
 
 /// Numbers from 0 on, each handed out once, to any thread.

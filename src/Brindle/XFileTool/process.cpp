@@ -15,8 +15,7 @@ namespace {
 
 /// Returns at most `longest` bytes of the executable's path; empty, with `errno` set, on failure.
 std::string executablePath(std::size_t longest) {
-  std::string path;
-  path.resize(longest);
+  std::string path(longest, '\0');
   const ssize_t length = readlink("/proc/self/exe", path.data(), longest);
   path.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
   return path;

@@ -170,9 +170,8 @@ bool copyImageAnywhere(unsigned char* source, int sourceWidth, int sourceHeight,
         destination + (destinationTop + i) * destinationStride + destinationFirst * pixelBytes;
     if (mask == nullptr) {
       std::memmove(to, from, count * pixelBytes);
-    } else {
-      copyMaskedRow(mask + (top + i) * maskStride + first, from, to, count - std::min(first, count),
-                    pixelBytes);
+    } else if (first < count) {
+      copyMaskedRow(mask + (top + i) * maskStride + first, from, to, count - first, pixelBytes);
     }
   }
   return true;
