@@ -57,7 +57,7 @@ def _arrays(features: Iterable[BytesLike]) -> list[Bytes]:
     except (TypeError, ValueError):
         pass
     else:
-        if view.ndim == 1 and view.itemsize == 1:
+        if view.ndim != 2 and view.format != "O":  # byte strings in arrays lose zeros at their ends
             raise TypeError(f"features: got {type(features).__name__} of shape {view.shape}, want "
                             "(n, length) or an iterable of bytes-likes")
         features = np.asarray(features)

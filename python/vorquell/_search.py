@@ -68,7 +68,7 @@ def distances(targets: BytesLike, features: BytesLike, *,
     Parameters
     ----------
     targets : array of uint8, shape (m, length) or (length,), or bytes-like
-        One dimension, or a bytes-like object, is one target.
+        One dimension is one target.
     features : array of uint8, shape (n, length), or n * length bytes
         C-contiguous ones are not copied.
     threads : int

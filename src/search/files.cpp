@@ -15,8 +15,6 @@ namespace {
 
 /// Most queries fit in it.
 constexpr std::uint64_t kFirstCapacity = 64 << 10;
-/// The system reads no more at a time.
-constexpr std::uint64_t kMostAtOnce = 1 << 30;
 
 }  // namespace
 
@@ -55,7 +53,7 @@ int Buffer::fill(const File& file, std::uint64_t most, ReadSome readSome) {
   if (file.error() != 0) return file.error();
   while (size_ < most) {
     if (size_ == capacity_) grow(most);
-    const std::uint64_t wanted = std::min({capacity_, most, size_ + kMostAtOnce}) - size_;
+    const std::uint64_t wanted = std::min(capacity_, most) - size_;
     const ssize_t got = readSome(bytes_ + size_, wanted);
     if (got == 0) break;
     if (got > 0) size_ += static_cast<std::uint64_t>(got);

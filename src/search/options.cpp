@@ -137,7 +137,7 @@ std::string wrongOption(char** argv) {
 }
 
 void takeOperands(Options& options, char** begin, char** end) {
-  if (begin == end) throw UsageError("no target is given");
+  if (begin >= end) throw UsageError("no target is given");  // past it without even a name
   options.target = *begin;
   options.queries.assign(begin + 1, end);
 }

@@ -30,9 +30,10 @@ void PackedFile::open() {
 
 void PackedFile::note(std::uint64_t begin, std::uint64_t size, int error) {
   if (size > 0) size_ = std::max(size_, begin + size);
-  if (size < blockBytes_) end_ = std::min(end_, begin + size);
   if (error != 0) error_ = error;
-  if (error != 0 || size < blockBytes_) file_.reset();
+  if (size == blockBytes_) return;
+  end_ = std::min(end_, begin + size);
+  file_.reset();
 }
 
 bool PackedFile::readBlock(Buffer& buffer, std::uint64_t* begin) {

@@ -17,12 +17,13 @@ class PackedFile {
   PackedFile(const char* name, std::uint64_t blockBytes) : name_(name), blockBytes_(blockBytes) {}
 
   /// Reads the next block and where in the file it begins; false where there is none for this
-  /// thread. A file is read by all threads at once; pipes and standard input, which take longer to
-  /// read than to compare, by the first one that comes.
+  /// thread. A regular file is read by all threads at once; standard input and what else there is,
+  /// pipes above all, which take longer to read than to compare, by the first one that comes.
   bool readBlock(Buffer& buffer, std::uint64_t* begin);
 
-  /// After the last block: how many bytes were read, and what ended that, 0 for the file's end. A
-  /// file that grew or shrank meanwhile, so that bytes between blocks are missing, ended with EIO.
+  /// After the last block: where the last bytes that were read end, and what ended that, 0 for the
+  /// file's end. A file that grew or shrank meanwhile, so that bytes between blocks are missing,
+  /// ended with EIO.
   std::uint64_t size() const { return size_; }
   int error() const { return error_ == 0 && size_ > end_ ? EIO : error_; }
 

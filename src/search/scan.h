@@ -29,7 +29,7 @@ inline constexpr std::uint64_t kMaxBlock = 1024;
 static_assert(kMaxBlock % kGroup == 0);
 
 /// How many features of `length` bytes are a block: a multiple of kGroup, as many as stay in the
-/// first-level cache while all targets pass.
+/// first-level cache while all targets pass, but at least one group.
 std::uint64_t blockSize(std::uint64_t length);
 
 /// How many features of a block are counted in groups. The others are counted one by one: those

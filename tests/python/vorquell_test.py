@@ -94,6 +94,7 @@ FEATURES = np.zeros((3, 4), dtype=np.uint8)
     (TypeError, r"features: got bytes of shape \(4,\), want \(n, length\)",
      lambda: vorquell.wrap(b"1234")),
     (TypeError, "features: got mmap", lambda: vorquell.wrap(mmap.mmap(-1, 4))),
+    (TypeError, "features: got ndarray", lambda: vorquell.wrap(np.array([b"1\0", b"2\0"]))),
     (ValueError, "length: got 0", lambda: vorquell.unwrap(vorquell.wrap([b"1"]), 0)),
     (ValueError, "Neither a feature", lambda: vorquell.unwrap(b"1234567", 1)),
     (ValueError, "cut short", lambda: vorquell.unwrap(vorquell.wrap([b"12"])[:217], 2)),
@@ -112,7 +113,7 @@ def test_bitstreams_are_wrapped_and_unwrapped() -> None:
     assert vorquell.unwrap(stream, 4) == []
     pairs = np.uint8([[1, 2], [3, 4]])
     assert vorquell.unwrap(vorquell.wrap(pairs), 2) == [b"\1\2", b"\3\4"]
-    for same in (memoryview(pairs), np.asfortranarray(pairs), np.array([b"\1\2", b"\3\4"])):
+    for same in (memoryview(pairs), np.asfortranarray(pairs), np.array([b"\1\2", b"\3\4"], "O")):
         assert vorquell.wrap(same) == vorquell.wrap(pairs)
     assert vorquell.unwrap(stream[:4] + b"\x08\0\0\0", 5) == []
     assert vorquell.distance(b"\0\0", b"\0\x03") == 0.125
